@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QPixmap>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+class QWidget;
+
+namespace tovarin::fw {
+
+// A modal alert with the text and one dismiss button. Tests install a handler
+// that answers instead of a person.
+void messageBox(const QString& text);
+void setMessageBoxHandler(std::function<void(const QString&)> handler);
+
+// The system's file chooser for one existing file, no filter, title or start
+// folder. nullopt when the user cancels. Tests install a handler that answers.
+std::optional<QString> chooseExistingFile();
+void setFileChooserHandler(std::function<std::optional<QString>()> handler);
+
+// The system's alert sound, once. Tests can count the calls.
+void beep();
+void setBeepHandler(std::function<void()> handler);
+
+// Shows a failure that nothing else handled, with its reason; the app goes on.
+void reportUnhandledFailure(const QString& reason);
+
+// Ends the event loop with the exit value. A second call does no harm.
+void quit(int exitValue);
+
+// Reads a picture by file name from the application's resources folder,
+// found beside the executable or in the installed data folder; a null
+// pixmap if it is absent.
+QPixmap openPictureFromApp(const QString& fileName);
+// Overrides where pictures are looked for; for tests.
+void setPictureFolder(const QString& folder);
+
+} // namespace tovarin::fw

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QString>
+
+#include <functional>
+#include <map>
+
+namespace tovarin::fw {
+
+// Base of the program's windows. A window is a single implicit instance of its
+// class (see instance<W>() below); controls are found by object name, and menu
+// items are answered by handlers registered under the item's name.
+class Window : public QMainWindow {
+    Q_OBJECT
+public:
+    // `contentWidth` x `contentHeight` is the size of the content area,
+    // not counting a menu bar.
+    Window(int contentWidth, int contentHeight, QWidget* parent = nullptr);
+
+    // The control of that object name, or nullptr.
+    template <class T> T* control(const QString& name) const {
+        return findChild<T*>(name, Qt::FindChildrenRecursively);
+    }
+
+    // Makes the window visible and brings it to the front.
+    void showWindow();
+
+    // Menu handlers by item name: a handler returns true when it dealt with the item.
+    void addMenuHandler(const QString& itemName, std::function<bool()> handler);
+    bool hasMenuHandler(const QString& itemName) const;
+    // Runs the handler registered for the item; false if there is none or it declined.
+    bool handleMenuItem(const QString& itemName);
+
+    // The widget that holds the controls; its size is the content size.
+    QWidget* content() const { return content_; }
+
+    // True once the window has been closed and is going away; such a window no
+    // longer counts as the open instance of its class.
+    bool isClosing() const { return closing_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    // Called when the window closes for whatever reason. The default does nothing.
+    virtual void Event_Close() {}
+
+    // Fixes the content size; used by windows that cannot be resized.
+    void setFixedContentSize();
+
+private:
+    QWidget* content_;
+    std::map<QString, std::function<bool()>> menuHandlers_;
+    bool closing_ = false;
+};
+
+// The open instance of W (hidden counts as open), or a new one. No caller keeps
+// the pointer: each use asks again, so there is never a second instance.
+template <class W> W& instance() {
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (auto* open = qobject_cast<W*>(w); open && !open->isClosing())
+            return *open;
+    }
+    return *new W();
+}
+
+// The open instance of W, or nullptr; never creates one.
+template <class W> W* openInstance() {
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (auto* open = qobject_cast<W*>(w); open && !open->isClosing())
+            return open;
+    }
+    return nullptr;
+}
+
+} // namespace tovarin::fw
