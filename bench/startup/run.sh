@@ -16,28 +16,33 @@ done
 
 # shellcheck source=../../tests/e2e/xvfb.sh
 source "$here/../../tests/e2e/xvfb.sh"
-trap stop_xvfb EXIT
 start_xvfb
 # A desktop session's theme settings would make the two programs load different things.
 unset QT_QPA_PLATFORMTHEME QT_STYLE_OVERRIDE WAYLAND_DISPLAY
 export QT_QPA_PLATFORM=xcb
 
-measure() { # NAME PROGRAM -> "NAME ms kib"
-    local out
-    out=$("$timer" --display "$DISPLAY" --runs "$runs" -- "$2")
-    echo "$out" | sed "s/^/  $1: /" >&2
-    echo "$out" | awk -v name="$1" '/^median/ {
-        split($2, t, "="); split($3, m, "="); print name, t[2], m[2] }'
+# Alternate the two programs run by run, so that a change in the machine's load
+# during the benchmark falls on both alike.
+samples=$(mktemp)
+trap 'rm -f "$samples"; stop_xvfb' EXIT
+echo "Xvfb $DISPLAY, $runs runs each, alternating" >&2
+for ((i = 1; i <= runs; i++)); do
+    for name in bare tovarin; do
+        [ $name = bare ] && program=$bare || program=$app
+        line=$("$timer" --display "$DISPLAY" --runs 1 -- "$program" | grep '^run ')
+        echo "  $name: ${line/run 1/run $i}" >&2
+        echo "$name $line" >>"$samples"
+    done
+done
+
+median_of() { # NAME FIELD(ms|peak_kib)
+    grep "^$1 " "$samples" | grep -o "$2=[0-9.]*" | cut -d= -f2 | sort -g |
+        awk '{ v[NR] = $1 } END { print (NR % 2) ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2 }'
 }
-
-echo "Xvfb $DISPLAY, $runs runs each" >&2
-bare_line=$(measure bare "$bare")
-app_line=$(measure tovarin "$app")
-
+bare_ms=$(median_of bare ms) bare_kib=$(median_of bare peak_kib)
+app_ms=$(median_of tovarin ms) app_kib=$(median_of tovarin peak_kib)
 echo
 printf '%-10s %12s %14s\n' program "median ms" "peak KiB"
-read -r _ bare_ms bare_kib <<<"$bare_line"
-read -r _ app_ms app_kib <<<"$app_line"
 printf '%-10s %12s %14s\n' bare "$bare_ms" "$bare_kib" tovarin "$app_ms" "$app_kib"
 awk -v am="$app_ms" -v bm="$bare_ms" -v ak="$app_kib" -v bk="$bare_kib" 'BEGIN {
     printf "ratio tovarin/bare: time %.2f, memory %.2f (target: both <= 1.30)\n", am / bm, ak / bk }'
