@@ -1,0 +1,74 @@
+#include "engine/AnalysisRun.hpp"
+
+#include "engine/BicStatistics.hpp"
+#include "engine/ByteSource.hpp"
+#include "engine/DataFileReader.hpp"
+#include "engine/LineReader.hpp"
+#include "engine/Messages.hpp"
+#include "engine/ModelSet.hpp"
+#include "engine/ReportWriter.hpp"
+#include "text/Val.hpp"
+
+#include <system_error>
+
+namespace tovarin {
+
+namespace {
+
+constexpr double kMinModels = 2.0;
+constexpr double kMaxModels = 99.0;
+
+void refuse(AnalysisHost& host, const std::string& message) {
+    host.showMessage(message);
+    host.focusCountField();
+}
+
+} // namespace
+
+RunEnd runAnalysis(AnalysisHost& host, const std::string& lineEnd) {
+    ModelSet set;
+
+    const std::string count = host.countText();
+    if (count.empty()) {
+        refuse(host, kEmptyCountMessage + lineEnd);
+        return RunEnd::EmptyCount;
+    }
+    // The bounds apply to the number as read, before it is cut to a whole count.
+    const double wanted = Val(count);
+    if (wanted < kMinModels || wanted > kMaxModels) {
+        refuse(host, kBadCountMessage + lineEnd);
+        return RunEnd::BadCount;
+    }
+    set.resize(static_cast<std::int64_t>(wanted));
+
+    const std::optional<std::filesystem::path> chosen = host.chooseDataFile();
+    if (!chosen) {
+        return RunEnd::NoFile;
+    }
+    // A file that vanished after the choice ends the run quietly; one whose
+    // presence can't even be checked goes on to fail at opening with its reason.
+    std::error_code ec;
+    if (!std::filesystem::exists(*chosen, ec) && !ec) {
+        return RunEnd::NoFile;
+    }
+
+    // The file stays open to the end of the run, through the zero-BIC message.
+    FileSource file(*chosen);
+    LineReader reader(file);
+    readModels(reader, set);
+
+    if (!findLowBic(set)) {
+        refuse(host, kNoLowBicMessage);
+        return RunEnd::NoLowBic;
+    }
+    if (lowBicBelowLimit(set)) {
+        refuse(host, kZeroBicMessage);
+    }
+    computeResults(set);
+
+    host.showResults();
+    writeReport(host, set, *chosen, lineEnd);
+    return RunEnd::Report;
+}
+
+} // namespace tovarin

@@ -1,0 +1,51 @@
+#include "engine/ByteSource.hpp"
+
+#include "engine/FileError.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+
+namespace tovarin {
+
+namespace {
+
+std::string systemReason(int error) {
+    return std::generic_category().message(error);
+}
+
+} // namespace
+
+FileSource::FileSource(std::filesystem::path file) : file_(std::move(file)) {
+    // fopen opens a directory for reading on some systems; refuse it here so
+    // the reason is the real one, not a later read failure.
+    std::error_code ec;
+    if (std::filesystem::is_directory(file_, ec)) {
+        throw FileError(file_, systemReason(EISDIR));
+    }
+    errno = 0;
+    stream_.reset(std::fopen(file_.c_str(), "rb"));
+    if (!stream_) {
+        throw FileError(file_, errno != 0 ? systemReason(errno) : "cannot be opened");
+    }
+}
+
+std::size_t FileSource::read(char* buffer, std::size_t size) {
+    errno = 0;
+    const std::size_t got = std::fread(buffer, 1, size, stream_.get());
+    if (got < size && std::ferror(stream_.get())) {
+        const int error = errno;
+        throw FileError(file_, error != 0 ? systemReason(error) : "read error");
+    }
+    return got;
+}
+
+std::size_t MemorySource::read(char* buffer, std::size_t size) {
+    const std::size_t got = std::min(size, bytes_.size() - pos_);
+    std::memcpy(buffer, bytes_.data() + pos_, got);
+    pos_ += got;
+    return got;
+}
+
+} // namespace tovarin

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "engine/LineReader.hpp"
+#include "engine/ModelSet.hpp"
+
+#include <string>
+#include <string_view>
+
+namespace tovarin {
+
+// The line end the system writes by default; inside a data line it separates fields.
+const std::string& systemLineEnd();
+
+// Name and BIC text of one data line: tabs and the system line end count as
+// commas, field 1 is the name, field 2 the BIC. Nothing is trimmed.
+void splitDataLine(std::string_view line, ModelRow& row);
+
+// Fills names, BIC texts and BICs of rows 1..set.modelCount from exactly that
+// many lines, never looking for the end of the data: missing lines give empty
+// names and a BIC of 0. Names are then cut to 8 characters and BICs read by Val.
+// Throws FileError when the source fails.
+void readModels(LineReader& reader, ModelSet& set);
+
+} // namespace tovarin

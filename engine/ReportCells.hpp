@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tovarin {
+
+// The padding the cells are cut from: 99 spaces.
+const std::string& padText();
+// A rule line of the report without its line end: 63 en dashes.
+const std::string& ruleLine();
+
+// `text` padded or cut to exactly `width` characters.
+std::string fixedCell(std::string_view text, std::int64_t width);
+// `text` padded or cut to `width` minus its own length in characters, so a
+// longer text leaves fewer spaces behind it. Empty when that count is zero or below.
+std::string shrinkingCell(std::string_view text, std::int64_t width);
+
+// The posterior probability as printed: "<.0001" when the printed number is
+// below 0.0001. A NaN prints as "nan" rather than pass for a tiny probability.
+std::string probabilityText(double probability);
+// The Bayes factor as printed: ">99999" when the printed number is above
+// 99999, and for +inf. A NaN prints as "nan" rather than pass for a number.
+std::string bayesFactorText(double bayesFactor);
+
+} // namespace tovarin

@@ -1,0 +1,55 @@
+#include "engine/ReportWriter.hpp"
+
+#include "engine/Credit.hpp"
+#include "engine/ReportCells.hpp"
+#include "text/Format.hpp"
+
+namespace tovarin {
+
+namespace {
+
+constexpr std::int64_t kHeadingWidth = 20;
+constexpr std::int64_t kNameWidth = 20;
+constexpr std::int64_t kBicWidth = 25;
+constexpr std::int64_t kDifferenceWidth = 25;
+constexpr std::int64_t kProbabilityWidth = 23;
+constexpr std::int64_t kBayesFactorWidth = 20;
+
+// The bold covers the start of everything in the results, not this report.
+constexpr std::int64_t kBoldStart = 1;
+constexpr std::int64_t kBoldLength = 100;
+
+void appendRow(AnalysisHost& host, const ModelRow& row, const std::string& lineEnd) {
+    host.appendResults(shrinkingCell(row.name, kNameWidth));
+    host.appendResults(shrinkingCell(Format(row.bic, kBicMask), kBicWidth));
+    host.appendResults(shrinkingCell(Format(row.difference, kDifferenceMask), kDifferenceWidth));
+    host.appendResults(shrinkingCell(probabilityText(row.probability), kProbabilityWidth));
+    host.appendResults(fixedCell(bayesFactorText(row.bayesFactor), kBayesFactorWidth) + lineEnd);
+}
+
+} // namespace
+
+void writeReport(AnalysisHost& host, const ModelSet& set, const std::filesystem::path& dataFile,
+                 const std::string& lineEnd) {
+    const DateTimeText now = host.currentDateTime();
+    host.appendResults("Date: " + now.shortDate + "  " + now.shortTime + lineEnd +
+                       "File: " + dataFile.filename().string() + lineEnd + lineEnd);
+
+    const std::string rule = ruleLine() + lineEnd;
+    host.appendResults(rule);
+    host.appendResults(fixedCell("Model", kHeadingWidth) + fixedCell(" BIC", kHeadingWidth) +
+                       fixedCell("Tovarin", kHeadingWidth) + fixedCell("prob*", kHeadingWidth) +
+                       fixedCell("BF**", kHeadingWidth) + lineEnd);
+    host.appendResults(rule);
+    for (std::int64_t i = 1; i <= set.modelCount; ++i) {
+        appendRow(host, set.row(i), lineEnd);
+    }
+    host.appendResults(rule);
+    host.appendResults("* BIC posterior probability or Schwarz weight" + lineEnd);
+    host.appendResults("** Bayes Factor with best model compared to each candidate model" +
+                       lineEnd);
+    host.setResultsBold(kBoldStart, kBoldLength);
+    host.appendResults(lineEnd + kCreditLine + lineEnd + lineEnd + lineEnd);
+}
+
+} // namespace tovarin

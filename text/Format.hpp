@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tovarin {
+
+// The report's four number masks.
+inline constexpr std::string_view kBicMask = "+########0.0###";
+inline constexpr std::string_view kDifferenceMask = "#######0.00##";
+inline constexpr std::string_view kProbabilityMask = "0.00##";
+inline constexpr std::string_view kBayesFactorMask = "#####0.0#";
+
+// `value` as text through `mask`: an optional leading "+" (sign position),
+// integer places of "#" and "0", then optionally "." and decimals of "0"s
+// followed by "#"s. The value is rounded to nearest at the mask's most
+// decimals (carrying into the integer part), written without padding or group
+// separators, with trailing zeros dropped down to the mask's least decimals.
+// The decimal mark is always ".", whatever the locale, so Val reads every
+// finite result back as exactly the number it shows.
+//
+// Signs: a negative value that does not round to zero gets "-" with any mask;
+// the sign position puts "+" in front of everything else, so zero, -0.0 and a
+// negative value that rounds to zero all print as "+0.0…".
+//
+// Values that are not finite print as "inf" and "-inf" ("+inf" with the sign
+// position) and "nan". Val reads none of these as a number, so callers that
+// read the text back must look at the value itself for them.
+//
+// Throws std::invalid_argument for a mask outside the form above.
+std::string Format(double value, std::string_view mask);
+
+} // namespace tovarin

@@ -1,0 +1,84 @@
+#include "text/Utf8.hpp"
+
+namespace tovarin {
+
+namespace {
+
+bool isContinuation(unsigned char byte) {
+    return (byte & 0xC0U) == 0x80U;
+}
+
+// Bytes counted from the front: an ASCII run needs no decoding.
+std::size_t leftBytes(std::string_view text, std::int64_t count) {
+    std::size_t pos = 0;
+    while (count > 0 && pos < text.size()) {
+        pos += static_cast<unsigned char>(text[pos]) < 0x80U ? 1 : utf8CharLength(text, pos);
+        --count;
+    }
+    return pos;
+}
+
+} // namespace
+
+std::size_t utf8CharLength(std::string_view text, std::size_t pos) {
+    const auto lead = static_cast<unsigned char>(text[pos]);
+    if (lead < 0x80U) {
+        return 1;
+    }
+    std::size_t length = 0;
+    // The allowed range of the second byte rules out overlong forms,
+    // surrogates and codes above U+10FFFF.
+    unsigned char secondMin = 0x80U;
+    unsigned char secondMax = 0xBFU;
+    if (lead >= 0xC2U && lead <= 0xDFU) {
+        length = 2;
+    } else if (lead >= 0xE0U && lead <= 0xEFU) {
+        length = 3;
+        if (lead == 0xE0U) {
+            secondMin = 0xA0U;
+        } else if (lead == 0xEDU) {
+            secondMax = 0x9FU;
+        }
+    } else if (lead >= 0xF0U && lead <= 0xF4U) {
+        length = 4;
+        if (lead == 0xF0U) {
+            secondMin = 0x90U;
+        } else if (lead == 0xF4U) {
+            secondMax = 0x8FU;
+        }
+    } else {
+        return 1;
+    }
+    if (text.size() - pos < length) {
+        return 1;
+    }
+    const auto second = static_cast<unsigned char>(text[pos + 1]);
+    if (second < secondMin || second > secondMax) {
+        return 1;
+    }
+    for (std::size_t i = 2; i < length; ++i) {
+        if (!isContinuation(static_cast<unsigned char>(text[pos + i]))) {
+            return 1;
+        }
+    }
+    return length;
+}
+
+std::int64_t Len(std::string_view text) {
+    std::int64_t count = 0;
+    std::size_t pos = 0;
+    while (pos < text.size()) {
+        pos += static_cast<unsigned char>(text[pos]) < 0x80U ? 1 : utf8CharLength(text, pos);
+        ++count;
+    }
+    return count;
+}
+
+std::string Left(std::string_view text, std::int64_t count) {
+    if (count <= 0) {
+        return {};
+    }
+    return std::string(text.substr(0, leftBytes(text, count)));
+}
+
+} // namespace tovarin
