@@ -1,0 +1,72 @@
+#include "ui/main/RunHost.hpp"
+
+#include "framework/Platform.hpp"
+#include "ui/main/ControlWnd.hpp"
+
+#include <QDateTime>
+#include <QFile>
+#include <QLocale>
+
+namespace tovarin {
+
+namespace {
+
+QString fromUtf8(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+std::string toUtf8(const QString& text) {
+    return text.toUtf8().toStdString();
+}
+
+// Some messages end in the report's line end; an alert shows no empty last line.
+QString withoutTrailingLineEnd(QString text) {
+    if (text.endsWith(QLatin1String("\r\n")))
+        text.chop(2);
+    else if (text.endsWith(u'\n') || text.endsWith(u'\r'))
+        text.chop(1);
+    return text;
+}
+
+} // namespace
+
+std::string RunHost::countText() const {
+    return toUtf8(window_.pFld()->text());
+}
+
+void RunHost::showMessage(const std::string& text) {
+    fw::messageBox(withoutTrailingLineEnd(fromUtf8(text)));
+}
+
+void RunHost::focusCountField() {
+    window_.pFld()->setFocus();
+}
+
+std::optional<std::filesystem::path> RunHost::chooseDataFile() {
+    const std::optional<QString> chosen = fw::chooseExistingFile();
+    if (!chosen)
+        return std::nullopt;
+    // The file system's own bytes, so a name in any encoding opens as chosen.
+    return std::filesystem::path(QFile::encodeName(*chosen).toStdString());
+}
+
+void RunHost::showResults() {
+    window_.ResultsFld()->setVisible(true);
+}
+
+void RunHost::appendResults(std::string_view piece) {
+    window_.ResultsFld()->appendPlain(fromUtf8(piece));
+}
+
+void RunHost::setResultsBold(std::int64_t start, std::int64_t length) {
+    window_.ResultsFld()->setBold(start, length);
+}
+
+DateTimeText RunHost::currentDateTime() {
+    const QLocale locale = QLocale::system();
+    const QDateTime now = QDateTime::currentDateTime();
+    return {toUtf8(locale.toString(now.date(), QLocale::ShortFormat)),
+            toUtf8(locale.toString(now.time(), QLocale::ShortFormat))};
+}
+
+} // namespace tovarin
