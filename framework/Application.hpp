@@ -4,6 +4,8 @@
 
 namespace tovarin::fw {
 
+class MenuBar;
+
 // The application object's base. Any failure that escapes an event handler is
 // shown to the user with its reason and the application keeps running.
 class Application : public QApplication {
@@ -20,8 +22,13 @@ public:
     void setVersionData(const Version& version);
     const Version& version() const { return version_; }
 
+    // The menu bar of the application, shown by windows that have none of their own.
+    void setMenuBar(MenuBar* bar) { menuBar_ = bar; }
+    MenuBar* menuBar() const { return menuBar_; }
+
 private:
     Version version_;
+    MenuBar* menuBar_ = nullptr;
 };
 
 } // namespace tovarin::fw

@@ -26,6 +26,7 @@ class MenuBar : public QObject {
     Q_OBJECT
 public:
     explicit MenuBar(QObject* parent = nullptr);
+    ~MenuBar() override;
 
     // Adds a menu to the bar. `caption` may hold "&" before the mnemonic.
     QMenu* addMenu(const QString& name, const QString& caption);
@@ -47,8 +48,11 @@ public:
 
 private:
     void trigger(const QString& name);
+    // Follows the focused text control, whose state enables the Edit items.
+    void watchFocus(QWidget* focus);
     std::vector<QMenu*> menus_;
     std::vector<QAction*> items_;
+    std::vector<QMetaObject::Connection> focusConnections_;
 };
 
 } // namespace tovarin::fw

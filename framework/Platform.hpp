@@ -25,7 +25,9 @@ void beep();
 void setBeepHandler(std::function<void()> handler);
 
 // Shows a failure that nothing else handled, with its reason; the app goes on.
+// Tests install a handler that records the reason instead of a dialog.
 void reportUnhandledFailure(const QString& reason);
+void setUnhandledFailureHandler(std::function<void(const QString&)> handler);
 
 // Ends the event loop with the exit value. A second call does no harm.
 void quit(int exitValue);

@@ -40,6 +40,10 @@ public:
     // longer counts as the open instance of its class.
     bool isClosing() const { return closing_; }
 
+    // Sizes the window so that the content keeps its size below a menu bar that
+    // was installed after construction.
+    void fitToContent();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     // Called when the window closes for whatever reason. The default does nothing.
@@ -50,6 +54,8 @@ protected:
 
 private:
     QWidget* content_;
+    QSize contentSize_;
+    bool fixedSize_ = false;
     std::map<QString, std::function<bool()>> menuHandlers_;
     bool closing_ = false;
 };

@@ -1,0 +1,30 @@
+#include "framework/Application.hpp"
+
+#include "framework/Platform.hpp"
+
+#include <exception>
+
+namespace tovarin::fw {
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    // The program ends only by an explicit quit; hiding the splash before the
+    // main window is up must not end the run.
+    setQuitOnLastWindowClosed(false);
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception& failure) {
+        reportUnhandledFailure(QString::fromUtf8(failure.what()));
+    } catch (...) {
+        reportUnhandledFailure(QStringLiteral("An unknown failure occurred."));
+    }
+    return true;
+}
+
+void Application::setVersionData(const Version& version) {
+    version_ = version;
+}
+
+} // namespace tovarin::fw

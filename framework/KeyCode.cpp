@@ -1,0 +1,90 @@
+#include "framework/Controls.hpp"
+
+#include <QKeyEvent>
+#include <QKeySequence>
+
+namespace tovarin::fw {
+namespace {
+
+// A key code that no filter accepts: outside Unicode, above every ASCII code.
+constexpr int kTypesNothing = 0x110000;
+
+bool isModifierOnly(int key) {
+    switch (key) {
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Meta:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr:
+    case Qt::Key_CapsLock:
+    case Qt::Key_NumLock:
+    case Qt::Key_ScrollLock:
+    case Qt::Key_Super_L:
+    case Qt::Key_Super_R:
+    case Qt::Key_Hyper_L:
+    case Qt::Key_Hyper_R:
+    case Qt::Key_unknown:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// Command-key combinations that the menus and the text controls answer; they
+// are shortcuts, never typed keys, so no key filter may see or refuse them.
+bool isMenuShortcut(const QKeyEvent& event) {
+    if (!(event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)))
+        return false;
+    static const QKeySequence::StandardKey shortcuts[] = {
+        QKeySequence::Undo, QKeySequence::Redo,     QKeySequence::Cut,
+        QKeySequence::Copy, QKeySequence::Paste,    QKeySequence::SelectAll,
+        QKeySequence::Quit, QKeySequence::Close,    QKeySequence::New,
+        QKeySequence::Open, QKeySequence::Save,     QKeySequence::Print,
+        QKeySequence::Find, QKeySequence::Deselect, QKeySequence::Preferences,
+    };
+    for (QKeySequence::StandardKey key : shortcuts) {
+        if (event.matches(key))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+int keyCode(const QKeyEvent& event) {
+    const int key = event.key();
+    if (isModifierOnly(key) || isMenuShortcut(event))
+        return -1;
+    switch (key) {
+    case Qt::Key_Backspace:
+        return 8;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return 9;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return 13;
+    case Qt::Key_Left:
+        return 28;
+    case Qt::Key_Right:
+        return 29;
+    case Qt::Key_Up:
+        return 30;
+    case Qt::Key_Down:
+        return 31;
+    case Qt::Key_Delete:
+        return 127;
+    default:
+        break;
+    }
+    const QList<uint> typed = event.text().toUcs4();
+    if (typed.size() != 1)
+        return kTypesNothing;
+    const uint character = typed.front();
+    // Control characters (Escape, Ctrl+letter) type nothing a filter could use.
+    if (character < 0x20 || character == 0x7f)
+        return kTypesNothing;
+    return static_cast<int>(character);
+}
+
+} // namespace tovarin::fw

@@ -1,0 +1,238 @@
+#include "framework/MenuBar.hpp"
+
+#include "framework/Platform.hpp"
+#include "framework/Window.hpp"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QTextEdit>
+#include <QWindow>
+
+namespace tovarin::fw {
+namespace {
+
+constexpr const char* kKindProperty = "tovarinItemKind";
+
+ItemKind kindOf(const QAction* action) {
+    return static_cast<ItemKind>(action->property(kKindProperty).toInt());
+}
+
+Window* frontWindow() {
+    return qobject_cast<Window*>(QApplication::activeWindow());
+}
+
+bool clipboardHasText() {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data && data->hasText();
+}
+
+// The Edit items are served by the focused text control, by item name.
+bool editItemEnabled(const QString& name, QWidget* focus) {
+    if (auto* field = qobject_cast<QLineEdit*>(focus)) {
+        const bool writable = !field->isReadOnly();
+        if (name == u"EditUndo")
+            return writable && field->isUndoAvailable();
+        if (name == u"EditCut" || name == u"EditClear")
+            return writable && field->hasSelectedText();
+        if (name == u"EditCopy")
+            return field->hasSelectedText() && field->echoMode() == QLineEdit::Normal;
+        if (name == u"EditPaste")
+            return writable && clipboardHasText();
+        if (name == u"EditSelectAll")
+            return !field->text().isEmpty();
+        return false;
+    }
+    if (auto* area = qobject_cast<QTextEdit*>(focus)) {
+        const bool writable = !area->isReadOnly();
+        const bool selection = area->textCursor().hasSelection();
+        if (name == u"EditUndo")
+            return writable && area->document()->isUndoAvailable();
+        if (name == u"EditCut" || name == u"EditClear")
+            return writable && selection;
+        if (name == u"EditCopy")
+            return selection;
+        if (name == u"EditPaste")
+            return writable && area->canPaste();
+        if (name == u"EditSelectAll")
+            return !area->document()->isEmpty();
+        return false;
+    }
+    return false;
+}
+
+bool runEditItem(const QString& name, QWidget* focus) {
+    if (!editItemEnabled(name, focus))
+        return false;
+    if (auto* field = qobject_cast<QLineEdit*>(focus)) {
+        if (name == u"EditUndo")
+            field->undo();
+        else if (name == u"EditCut")
+            field->cut();
+        else if (name == u"EditCopy")
+            field->copy();
+        else if (name == u"EditPaste")
+            field->paste();
+        else if (name == u"EditClear")
+            field->del();
+        else if (name == u"EditSelectAll")
+            field->selectAll();
+        return true;
+    }
+    if (auto* area = qobject_cast<QTextEdit*>(focus)) {
+        if (name == u"EditUndo")
+            area->undo();
+        else if (name == u"EditCut")
+            area->cut();
+        else if (name == u"EditCopy")
+            area->copy();
+        else if (name == u"EditPaste")
+            area->paste();
+        else if (name == u"EditClear")
+            area->textCursor().removeSelectedText();
+        else if (name == u"EditSelectAll")
+            area->selectAll();
+        return true;
+    }
+    return false;
+}
+
+} // namespace
+
+MenuBar::MenuBar(QObject* parent) : QObject(parent) {
+    auto* app = qobject_cast<QApplication*>(QCoreApplication::instance());
+    if (!app)
+        return;
+    const auto refresh = [this] { updateEnabled(); };
+    // Focus moving to another control or window changes what can act on an item.
+    connect(app, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        watchFocus(now);
+        updateEnabled();
+    });
+    connect(app, &QGuiApplication::focusWindowChanged, this, refresh);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, refresh);
+}
+
+MenuBar::~MenuBar() {
+    // The menus are top-level widgets; they can only go while the application lives.
+    if (!QCoreApplication::instance())
+        return;
+    for (QMenu* menu : menus_)
+        delete menu;
+}
+
+QMenu* MenuBar::addMenu(const QString& name, const QString& caption) {
+    auto* menu = new QMenu(caption);
+    menu->setObjectName(name);
+    menu->menuAction()->setObjectName(name);
+    connect(menu, &QMenu::aboutToShow, this, [this] { updateEnabled(); });
+    menus_.push_back(menu);
+    return menu;
+}
+
+QAction* MenuBar::addItem(const QString& menuName, const QString& name, const QString& caption,
+                          const QKeySequence& shortcut, ItemKind kind) {
+    QMenu* owner = menu(menuName);
+    if (!owner) {
+        qWarning("MenuBar: no menu named %s", qPrintable(menuName));
+        return nullptr;
+    }
+    QAction* action = nullptr;
+    if (kind == ItemKind::Separator || caption == u"-") {
+        action = owner->addSeparator();
+        kind = ItemKind::Separator;
+    } else {
+        action = owner->addAction(caption);
+        action->setShortcut(shortcut);
+        action->setMenuRole(kind == ItemKind::Quit    ? QAction::QuitRole
+                            : kind == ItemKind::About ? QAction::AboutRole
+                                                      : QAction::NoRole);
+        connect(action, &QAction::triggered, this, [this, name] { trigger(name); });
+    }
+    action->setObjectName(name);
+    action->setProperty(kKindProperty, static_cast<int>(kind));
+    items_.push_back(action);
+    updateEnabled();
+    return action;
+}
+
+QMenu* MenuBar::menu(const QString& name) const {
+    for (QMenu* menu : menus_) {
+        if (menu->objectName() == name)
+            return menu;
+    }
+    return nullptr;
+}
+
+QAction* MenuBar::item(const QString& name) const {
+    for (QAction* action : items_) {
+        if (action->objectName() == name)
+            return action;
+    }
+    if (QMenu* found = menu(name))
+        return found->menuAction();
+    return nullptr;
+}
+
+void MenuBar::installOn(Window& window) {
+    auto* bar = new QMenuBar(&window);
+    // Kept inside the window on every desktop, so the content size holds.
+    bar->setNativeMenuBar(false);
+    for (QMenu* menu : menus_)
+        bar->addMenu(menu);
+    window.setMenuBar(bar);
+    window.fitToContent();
+    updateEnabled();
+}
+
+void MenuBar::installShortcutsOn(QWidget& window) {
+    for (QAction* action : items_) {
+        if (kindOf(action) == ItemKind::Quit)
+            window.addAction(action);
+    }
+}
+
+void MenuBar::updateEnabled() {
+    Window* front = frontWindow();
+    QWidget* focus = QApplication::focusWidget();
+    for (QAction* action : items_) {
+        const ItemKind kind = kindOf(action);
+        if (kind == ItemKind::Separator)
+            continue;
+        const QString name = action->objectName();
+        const bool enabled = (front && front->hasMenuHandler(name)) ||
+                             editItemEnabled(name, focus) || kind == ItemKind::Quit;
+        action->setEnabled(enabled);
+    }
+}
+
+void MenuBar::trigger(const QString& name) {
+    const QAction* action = item(name);
+    if (Window* front = frontWindow(); front && front->handleMenuItem(name))
+        return;
+    if (runEditItem(name, QApplication::focusWidget()))
+        return;
+    if (action && kindOf(action) == ItemKind::Quit)
+        quit(0);
+}
+
+void MenuBar::watchFocus(QWidget* focus) {
+    for (const QMetaObject::Connection& connection : focusConnections_)
+        disconnect(connection);
+    focusConnections_.clear();
+    const auto refresh = [this] { updateEnabled(); };
+    if (auto* field = qobject_cast<QLineEdit*>(focus)) {
+        focusConnections_.push_back(connect(field, &QLineEdit::selectionChanged, this, refresh));
+        focusConnections_.push_back(connect(field, &QLineEdit::textChanged, this, refresh));
+    } else if (auto* area = qobject_cast<QTextEdit*>(focus)) {
+        focusConnections_.push_back(connect(area, &QTextEdit::selectionChanged, this, refresh));
+        focusConnections_.push_back(connect(area, &QTextEdit::textChanged, this, refresh));
+        focusConnections_.push_back(connect(area, &QTextEdit::copyAvailable, this, refresh));
+        focusConnections_.push_back(connect(area, &QTextEdit::undoAvailable, this, refresh));
+    }
+}
+
+} // namespace tovarin::fw
