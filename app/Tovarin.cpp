@@ -1,0 +1,7 @@
+#include "app/Tovarin.hpp"
+
+namespace tovarin {
+
+Tovarin::Tovarin(int& argc, char** argv) : fw::Application(argc, argv) {}
+
+} // namespace tovarin
