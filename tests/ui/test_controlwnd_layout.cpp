@@ -12,7 +12,9 @@ using namespace tovarin;
 
 namespace {
 
-QString systemFamily() { return QFontDatabase::systemFont(QFontDatabase::GeneralFont).family(); }
+QString systemFamily() {
+    return QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+}
 
 QRect windowGeometry(const ControlWnd& window, const QWidget& control) {
     return QRect(control.mapTo(window.content(), QPoint(0, 0)), control.size());
@@ -105,7 +107,8 @@ private slots:
         }
         if (auto* label = qobject_cast<QLabel*>(control)) {
             QCOMPARE(label->text(), caption);
-            QVERIFY(QFontMetrics(label->font()).horizontalAdvance(label->text()) <= geometry.width());
+            QVERIFY(QFontMetrics(label->font()).horizontalAdvance(label->text()) <=
+                    geometry.width());
         }
     }
 
@@ -151,6 +154,7 @@ private slots:
         QCOMPARE(caption.palette().color(QPalette::WindowText), QColor(Qt::black));
         QCOMPARE(caption.alignment() & Qt::AlignHorizontal_Mask, Qt::AlignLeft);
 
+        QVERIFY(!Tovarinbanner().isNull());
         QCOMPARE(w.Canvas1()->backdrop().toImage(), Tovarinbanner().toImage());
     }
 };
