@@ -34,3 +34,28 @@ format:
 
 clean:
 	rm -rf $(BUILD_DIR)
+
+# Hardening: the whole test suite under AddressSanitizer and UndefinedBehaviorSanitizer
+# (clang 14), and the libFuzzer targets for a bounded time each.
+SAN_DIR ?= build-sanitize
+FUZZ_DIR ?= build-fuzz
+FUZZ_SECONDS ?= 60
+
+.PHONY: sanitize fuzz
+
+sanitize: deps
+	CC=clang-14 CXX=clang++-14 cmake -S . -B $(SAN_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+	  -DTOVARIN_BUILD_BENCH=OFF \
+	  -DCMAKE_CXX_FLAGS="-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer" \
+	  -DCMAKE_EXE_LINKER_FLAGS="-fsanitize=address,undefined"
+	cmake --build $(SAN_DIR) -j $(JOBS)
+	cd $(SAN_DIR) && ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 \
+	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	  LSAN_OPTIONS=suppressions=$(CURDIR)/fuzz/lsan.supp \
+	  ctest --output-on-failure -j $(JOBS)
+
+fuzz: deps
+	CC=clang-14 CXX=clang++-14 cmake -S . -B $(FUZZ_DIR) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+	  -DTOVARIN_BUILD_GUI=OFF -DTOVARIN_BUILD_TESTS=OFF -DTOVARIN_BUILD_BENCH=OFF -DTOVARIN_BUILD_FUZZ=ON
+	cmake --build $(FUZZ_DIR) -j $(JOBS)
+	@bash fuzz/run.sh $(FUZZ_DIR) $(FUZZ_SECONDS)
