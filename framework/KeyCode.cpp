@@ -23,7 +23,6 @@ bool isModifierOnly(int key) {
     case Qt::Key_Super_R:
     case Qt::Key_Hyper_L:
     case Qt::Key_Hyper_R:
-    case Qt::Key_unknown:
         return true;
     default:
         return false;
@@ -46,7 +45,8 @@ bool isMenuShortcut(const QKeyEvent& event) {
         if (event.matches(key))
             return true;
     }
-    return false;
+    // The quit key of the menu bar, bound even where the platform binds none.
+    return event.keyCombination() == QKeyCombination(Qt::CTRL | Qt::Key_Q);
 }
 
 } // namespace

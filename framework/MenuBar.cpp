@@ -146,7 +146,11 @@ QAction* MenuBar::addItem(const QString& menuName, const QString& name, const QS
         kind = ItemKind::Separator;
     } else {
         action = owner->addAction(caption);
-        action->setShortcut(shortcut);
+        // Some platforms bind no key to the standard Quit; the run must still
+        // end with Ctrl+Q everywhere.
+        action->setShortcut(kind == ItemKind::Quit && shortcut.isEmpty()
+                                ? QKeySequence(Qt::CTRL | Qt::Key_Q)
+                                : shortcut);
         action->setMenuRole(kind == ItemKind::Quit    ? QAction::QuitRole
                             : kind == ItemKind::About ? QAction::AboutRole
                                                       : QAction::NoRole);

@@ -4,6 +4,8 @@ namespace tovarin::fw {
 
 OneShotTimer::OneShotTimer(int periodMs, std::function<void()> action, QObject* parent)
     : QTimer(parent) {
+    // A coarse timer may fire up to 5% early; the period is a promise.
+    setTimerType(Qt::PreciseTimer);
     setSingleShot(true);
     setInterval(periodMs);
     connect(this, &QTimer::timeout, this, [action = std::move(action)] {

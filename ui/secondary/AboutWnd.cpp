@@ -10,8 +10,11 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFontDatabase>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QMouseEvent>
+
+#include <algorithm>
 
 namespace tovarin {
 namespace {
@@ -47,7 +50,6 @@ void AboutWnd::CreateControls() {
     credit->setGeometry(98, 297, 258, 15);
     credit->setText(QString::fromUtf8(kCreditLine));
     credit->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    credit->setWordWrap(true);
     credit->setTextInteractionFlags(Qt::NoTextInteraction);
     QPalette grey = credit->palette();
     grey.setColor(QPalette::WindowText, QColor(102, 102, 102));
@@ -75,6 +77,13 @@ void AboutWnd::StaticText2_Open() {
     font.setBold(false);
     font.setPointSizeF(9);
     credit->setFont(font);
+    // Fonts here run wider than the label was drawn for; widen it about its
+    // centre rather than wrap or cut the credit.
+    const QFontMetrics metrics(font);
+    const QRect box = credit->geometry();
+    const int width = std::max(box.width(), metrics.horizontalAdvance(credit->text()) + 4);
+    const int height = std::max(box.height(), metrics.height());
+    credit->setGeometry(box.center().x() + 1 - width / 2, box.top(), width, height);
 }
 
 void AboutWnd::Timer1_Action() {
