@@ -25,7 +25,21 @@ void refuse(AnalysisHost& host, const std::string& message) {
 
 } // namespace
 
+std::unique_ptr<ByteSource> openDataFile(const std::filesystem::path& file) {
+    // A file that vanished after the choice ends the run quietly; one whose
+    // presence can't even be checked goes on to fail at opening with its reason.
+    std::error_code ec;
+    if (!std::filesystem::exists(file, ec) && !ec) {
+        return nullptr;
+    }
+    return std::make_unique<FileSource>(file);
+}
+
 RunEnd runAnalysis(AnalysisHost& host, const std::string& lineEnd) {
+    return runAnalysis(host, lineEnd, openDataFile);
+}
+
+RunEnd runAnalysis(AnalysisHost& host, const std::string& lineEnd, const DataFileOpener& open) {
     ModelSet set;
 
     const std::string count = host.countText();
@@ -45,16 +59,12 @@ RunEnd runAnalysis(AnalysisHost& host, const std::string& lineEnd) {
     if (!chosen) {
         return RunEnd::NoFile;
     }
-    // A file that vanished after the choice ends the run quietly; one whose
-    // presence can't even be checked goes on to fail at opening with its reason.
-    std::error_code ec;
-    if (!std::filesystem::exists(*chosen, ec) && !ec) {
+    // The file stays open to the end of the run, through the zero-BIC message.
+    const std::unique_ptr<ByteSource> file = open(*chosen);
+    if (!file) {
         return RunEnd::NoFile;
     }
-
-    // The file stays open to the end of the run, through the zero-BIC message.
-    FileSource file(*chosen);
-    LineReader reader(file);
+    LineReader reader(*file);
     readModels(reader, set);
 
     if (!findLowBic(set)) {

@@ -1,7 +1,11 @@
 #pragma once
 
 #include "engine/AnalysisHost.hpp"
+#include "engine/ByteSource.hpp"
 
+#include <filesystem>
+#include <functional>
+#include <memory>
 #include <string>
 
 namespace tovarin {
@@ -13,10 +17,20 @@ enum class RunEnd { EmptyCount, BadCount, NoFile, NoLowBic, Report };
 // LF on macOS, CR elsewhere.
 const std::string& platformLineEnd();
 
+// Opens the chosen data file: nullptr when it is no longer there, which ends
+// the run quietly; throws FileError when it is there but cannot be opened.
+using DataFileOpener = std::function<std::unique_ptr<ByteSource>(const std::filesystem::path&)>;
+
+// The opener of real files.
+std::unique_ptr<ByteSource> openDataFile(const std::filesystem::path& file);
+
 // One analysis: checks the count, lets the host choose a data file, reads it,
 // works out the statistics and appends the report through the host.
 // Throws FileError (engine/FileError.hpp) when the chosen file cannot be opened
 // or read; no report has been started then.
 RunEnd runAnalysis(AnalysisHost& host, const std::string& lineEnd = platformLineEnd());
+// The same with the data coming from `open` instead of the file system, so
+// that data held in memory goes through the whole run.
+RunEnd runAnalysis(AnalysisHost& host, const std::string& lineEnd, const DataFileOpener& open);
 
 } // namespace tovarin
