@@ -3,6 +3,7 @@
 #include "engine/BicStatistics.hpp"
 #include "engine/ByteSource.hpp"
 #include "engine/DataFileReader.hpp"
+#include "engine/FileError.hpp"
 #include "engine/LineReader.hpp"
 #include "engine/Messages.hpp"
 #include "engine/ModelSet.hpp"
@@ -26,13 +27,18 @@ void refuse(AnalysisHost& host, const std::string& message) {
 } // namespace
 
 std::unique_ptr<ByteSource> openDataFile(const std::filesystem::path& file) {
-    // A file that vanished after the choice ends the run quietly; one whose
-    // presence can't even be checked goes on to fail at opening with its reason.
-    std::error_code ec;
-    if (!std::filesystem::exists(file, ec) && !ec) {
-        return nullptr;
+    try {
+        return std::make_unique<FileSource>(file);
+    } catch (const FileError&) {
+        // A file that vanished after the choice ends the run quietly; any
+        // other failure to open it, or to tell, is an error with its reason.
+        // Asking only after a failure spares the usual run a look-up.
+        std::error_code ec;
+        if (!std::filesystem::exists(file, ec) && !ec) {
+            return nullptr;
+        }
+        throw;
     }
-    return std::make_unique<FileSource>(file);
 }
 
 RunEnd runAnalysis(AnalysisHost& host, const std::string& lineEnd) {

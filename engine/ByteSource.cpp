@@ -18,12 +18,6 @@ std::string systemReason(int error) {
 } // namespace
 
 FileSource::FileSource(std::filesystem::path file) : file_(std::move(file)) {
-    // fopen opens a directory for reading on some systems; refuse it here so
-    // the reason is the real one, not a later read failure.
-    std::error_code ec;
-    if (std::filesystem::is_directory(file_, ec)) {
-        throw FileError(file_, systemReason(EISDIR));
-    }
     errno = 0;
     stream_.reset(std::fopen(file_.c_str(), "rb"));
     if (!stream_) {

@@ -4,6 +4,8 @@
 #include "text/Utf8.hpp"
 #include "text/Val.hpp"
 
+#include <algorithm>
+
 namespace tovarin {
 
 namespace {
@@ -21,15 +23,25 @@ const std::string& systemLineEnd() {
     return lineEnd;
 }
 
-void splitDataLine(std::string_view line, ModelRow& row) {
-    const std::string commas = ReplaceAll(ReplaceAll(line, "\t", ","), systemLineEnd(), ",");
-    row.name = NthField(commas, ",", 1);
-    row.bicText = NthField(commas, ",", 2);
+// Replacing one character by one character in place is what ReplaceAll does
+// for it, without a copy per line.
+void splitDataLine(std::string& line, ModelRow& row) {
+    std::replace(line.begin(), line.end(), '\t', ',');
+    const std::string& systemEnd = systemLineEnd();
+    if (systemEnd.size() == 1) {
+        std::replace(line.begin(), line.end(), systemEnd.front(), ',');
+    } else {
+        line = ReplaceAll(line, systemEnd, ",");
+    }
+    row.name = NthField(line, ",", 1);
+    row.bicText = NthField(line, ",", 2);
 }
 
 void readModels(LineReader& reader, ModelSet& set) {
+    std::string line;
     for (std::int64_t i = 1; i <= set.modelCount; ++i) {
-        splitDataLine(reader.readLine(), set.row(i));
+        reader.readLine(line);
+        splitDataLine(line, set.row(i));
     }
     for (std::int64_t i = 1; i <= set.modelCount; ++i) {
         ModelRow& row = set.row(i);

@@ -8,28 +8,35 @@ namespace tovarin {
 
 namespace {
 
-constexpr std::size_t kBufferBytes = 64 * 1024;
+constexpr std::size_t kBufferBytes = 16 * 1024;
 
 } // namespace
 
 LineReader::LineReader(ByteSource& source, std::size_t maxLineBytes)
-    : source_(source), maxLineBytes_(maxLineBytes), buffer_(kBufferBytes) {}
+    : source_(source), maxLineBytes_(maxLineBytes),
+      buffer_(std::make_unique_for_overwrite<char[]>(kBufferBytes)) {}
 
 bool LineReader::fill() {
     if (atEnd_) {
         return false;
     }
     pos_ = 0;
-    end_ = source_.read(buffer_.data(), buffer_.size());
+    end_ = source_.read(buffer_.get(), kBufferBytes);
     atEnd_ = end_ == 0;
     return !atEnd_;
 }
 
 std::string LineReader::readLine() {
     std::string line;
+    readLine(line);
+    return line;
+}
+
+void LineReader::readLine(std::string& line) {
+    line.clear();
     for (;;) {
         if (pos_ == end_ && !fill()) {
-            return line;
+            return;
         }
         if (skipLineFeed_) {
             skipLineFeed_ = false;
@@ -38,8 +45,8 @@ std::string LineReader::readLine() {
                 continue;
             }
         }
-        const auto first = buffer_.begin() + static_cast<std::ptrdiff_t>(pos_);
-        const auto last = buffer_.begin() + static_cast<std::ptrdiff_t>(end_);
+        const char* first = buffer_.get() + pos_;
+        const char* last = buffer_.get() + end_;
         const auto lineEnd =
             std::find_if(first, last, [](char c) { return c == '\n' || c == '\r'; });
         line.append(first, lineEnd);
@@ -50,8 +57,8 @@ std::string LineReader::readLine() {
         }
         if (lineEnd != last) {
             skipLineFeed_ = *lineEnd == '\r';
-            pos_ = static_cast<std::size_t>(lineEnd - buffer_.begin()) + 1;
-            return line;
+            pos_ = static_cast<std::size_t>(lineEnd - buffer_.get()) + 1;
+            return;
         }
         pos_ = end_;
     }

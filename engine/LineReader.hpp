@@ -3,8 +3,8 @@
 #include "engine/ByteSource.hpp"
 
 #include <cstddef>
+#include <memory>
 #include <string>
-#include <vector>
 
 namespace tovarin {
 
@@ -22,13 +22,15 @@ public:
     // The next line. Throws FileError when the source fails or a line grows
     // past the limit.
     std::string readLine();
+    // The same into `line`, whose capacity is reused from line to line.
+    void readLine(std::string& line);
 
 private:
     bool fill();
 
     ByteSource& source_;
     std::size_t maxLineBytes_;
-    std::vector<char> buffer_;
+    std::unique_ptr<char[]> buffer_;
     std::size_t pos_ = 0;
     std::size_t end_ = 0;
     bool atEnd_ = false;

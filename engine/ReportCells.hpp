@@ -17,6 +17,10 @@ std::string fixedCell(std::string_view text, std::int64_t width);
 // longer text leaves fewer spaces behind it. Empty when that count is zero or below.
 std::string shrinkingCell(std::string_view text, std::int64_t width);
 
+// The same cells appended to `out`, for building many without temporaries.
+void appendFixedCell(std::string& out, std::string_view text, std::int64_t width);
+void appendShrinkingCell(std::string& out, std::string_view text, std::int64_t width);
+
 // The posterior probability as printed: "<.0001" when the printed number is
 // below 0.0001. A NaN prints as "nan" rather than pass for a tiny probability.
 std::string probabilityText(double probability);

@@ -19,12 +19,25 @@ constexpr std::int64_t kBayesFactorWidth = 20;
 constexpr std::int64_t kBoldStart = 1;
 constexpr std::int64_t kBoldLength = 100;
 
-void appendRow(AnalysisHost& host, const ModelRow& row, const std::string& lineEnd) {
-    host.appendResults(shrinkingCell(row.name, kNameWidth));
-    host.appendResults(shrinkingCell(Format(row.bic, kBicMask), kBicWidth));
-    host.appendResults(shrinkingCell(Format(row.difference, kDifferenceMask), kDifferenceWidth));
-    host.appendResults(shrinkingCell(probabilityText(row.probability), kProbabilityWidth));
-    host.appendResults(fixedCell(bayesFactorText(row.bayesFactor), kBayesFactorWidth) + lineEnd);
+// Each cell is one piece, built in `piece` so that a row costs no allocations.
+void appendRow(AnalysisHost& host, const ModelRow& row, const std::string& lineEnd,
+               std::string& piece) {
+    piece.clear();
+    appendShrinkingCell(piece, row.name, kNameWidth);
+    host.appendResults(piece);
+    piece.clear();
+    appendShrinkingCell(piece, Format(row.bic, kBicNumberMask), kBicWidth);
+    host.appendResults(piece);
+    piece.clear();
+    appendShrinkingCell(piece, Format(row.difference, kDifferenceNumberMask), kDifferenceWidth);
+    host.appendResults(piece);
+    piece.clear();
+    appendShrinkingCell(piece, probabilityText(row.probability), kProbabilityWidth);
+    host.appendResults(piece);
+    piece.clear();
+    appendFixedCell(piece, bayesFactorText(row.bayesFactor), kBayesFactorWidth);
+    piece += lineEnd;
+    host.appendResults(piece);
 }
 
 } // namespace
@@ -41,8 +54,10 @@ void writeReport(AnalysisHost& host, const ModelSet& set, const std::filesystem:
                        fixedCell("Tovarin", kHeadingWidth) + fixedCell("prob*", kHeadingWidth) +
                        fixedCell("BF**", kHeadingWidth) + lineEnd);
     host.appendResults(rule);
+    std::string piece;
+    piece.reserve(padText().size() + 32);
     for (std::int64_t i = 1; i <= set.modelCount; ++i) {
-        appendRow(host, set.row(i), lineEnd);
+        appendRow(host, set.row(i), lineEnd, piece);
     }
     host.appendResults(rule);
     host.appendResults("* BIC posterior probability or Schwarz weight" + lineEnd);

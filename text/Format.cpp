@@ -1,52 +1,17 @@
 #include "text/Format.hpp"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <stdexcept>
 
 namespace tovarin {
 
 namespace {
 
-struct MaskShape {
-    bool signPosition = false;
-    bool hasPoint = false;
-    int minIntegerDigits = 0;
-    int leastDecimals = 0;
-    int mostDecimals = 0;
-};
-
-MaskShape parseMask(std::string_view mask) {
-    MaskShape shape;
-    std::size_t pos = 0;
-    if (pos < mask.size() && mask[pos] == '+') {
-        shape.signPosition = true;
-        ++pos;
-    }
-    for (; pos < mask.size() && (mask[pos] == '#' || mask[pos] == '0'); ++pos) {
-        if (mask[pos] == '0') {
-            ++shape.minIntegerDigits;
-        }
-    }
-    if (pos < mask.size() && mask[pos] == '.') {
-        shape.hasPoint = true;
-        ++pos;
-        for (; pos < mask.size() && mask[pos] == '0'; ++pos) {
-            ++shape.leastDecimals;
-        }
-        for (; pos < mask.size() && mask[pos] == '#'; ++pos) {
-            ++shape.mostDecimals;
-        }
-        shape.mostDecimals += shape.leastDecimals;
-    }
-    if (pos != mask.size()) {
-        throw std::invalid_argument("unsupported number mask: " + std::string(mask));
-    }
-    return shape;
-}
-
-std::string formatNonFinite(double value, const MaskShape& shape) {
+std::string formatNonFinite(double value, const NumberMask& shape) {
     if (std::isnan(value)) {
         return "nan";
     }
@@ -56,31 +21,82 @@ std::string formatNonFinite(double value, const MaskShape& shape) {
     return shape.signPosition ? "+inf" : "inf";
 }
 
+constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
+constexpr int kFastMostDecimals = 8;
+
+// `magnitude` rounded to nearest at `decimals` places, as an integer count of
+// units in that place, when that can be done exactly without to_chars: the
+// product with the power of ten is rounded once, and fma gives its exact
+// residual, which settles the halfway cases the way to_chars does (ties to
+// even on the exact stored value). Gives false outside the range where this holds.
+bool roundScaled(double magnitude, int decimals, std::uint64_t& units) {
+    if (decimals > kFastMostDecimals || !(magnitude == 0.0 || magnitude > 1e-200)) {
+        return false;
+    }
+    const double scale = kPowersOfTen[decimals];
+    const double product = magnitude * scale;
+    if (!(product < 0x1p52)) {
+        return false;
+    }
+    const double residual = std::fma(magnitude, scale, -product);
+    const double nearest = std::nearbyint(product);
+    const double offset = product - nearest; // exact: both lie within 0.5 of each other
+    auto count = static_cast<std::uint64_t>(nearest);
+    if (offset == 0.5 && residual > 0) {
+        ++count;
+    } else if (offset == -0.5 && residual < 0) {
+        --count;
+    }
+    units = count;
+    return true;
+}
+
+// The rounded magnitude in fixed notation with exactly `decimals` places.
+std::string_view roundedDigits(double magnitude, int decimals, std::array<char, 400>& buffer) {
+    std::uint64_t units = 0;
+    if (roundScaled(magnitude, decimals, units)) {
+        // Room in front for the leading zeros of a value below 1.
+        constexpr std::size_t kLead = 16;
+        char* const start = buffer.data() + kLead;
+        char* end = std::to_chars(start, buffer.data() + buffer.size(), units).ptr;
+        char* first = start;
+        while (end - first <= decimals) {
+            *--first = '0';
+        }
+        if (decimals > 0) {
+            std::copy_backward(end - decimals, end, end + 1);
+            *(end - decimals) = '.';
+            ++end;
+        }
+        return {first, static_cast<std::size_t>(end - first)};
+    }
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
+                                      std::chars_format::fixed, decimals);
+    return {buffer.data(), static_cast<std::size_t>(result.ptr - buffer.data())};
+}
+
 } // namespace
 
 std::string Format(double value, std::string_view mask) {
-    const MaskShape shape = parseMask(mask);
+    return Format(value, NumberMask(mask));
+}
+
+std::string Format(double value, const NumberMask& shape) {
     if (!std::isfinite(value)) {
         return formatNonFinite(value, shape);
     }
 
-    // Wide enough for DBL_MAX in fixed notation with the decimals of any mask
-    // that fits in the buffer; larger decimal counts are refused below.
-    std::array<char, 400> digits{};
-    if (shape.mostDecimals > 40) {
-        throw std::invalid_argument("number mask has too many decimals: " + std::string(mask));
-    }
-    const auto [end, ec] =
-        std::to_chars(digits.data(), digits.data() + digits.size(), std::fabs(value),
-                      std::chars_format::fixed, shape.mostDecimals);
-    (void)ec; // The buffer holds every double at these precisions.
-    const std::string_view rounded(digits.data(), static_cast<std::size_t>(end - digits.data()));
+    std::array<char, 400> buffer; // NOLINT: filled as far as it is used
+    const std::string_view rounded = roundedDigits(std::fabs(value), shape.mostDecimals, buffer);
 
-    const std::size_t point = rounded.find('.');
-    std::string_view integer = rounded.substr(0, point);
-    std::string_view decimals =
-        point == std::string_view::npos ? std::string_view{} : rounded.substr(point + 1);
-    const bool roundsToZero = rounded.find_first_not_of("0.") == std::string_view::npos;
+    // Fixed notation puts exactly mostDecimals digits behind the point.
+    const auto decimalCount = static_cast<std::size_t>(shape.mostDecimals);
+    const std::size_t integerCount =
+        decimalCount == 0 ? rounded.size() : rounded.size() - decimalCount - 1;
+    std::string_view integer = rounded.substr(0, integerCount);
+    std::string_view decimals = rounded.substr(rounded.size() - decimalCount);
+    const bool roundsToZero =
+        std::all_of(rounded.begin(), rounded.end(), [](char c) { return c == '0' || c == '.'; });
 
     while (decimals.size() > static_cast<std::size_t>(shape.leastDecimals) &&
            decimals.back() == '0') {

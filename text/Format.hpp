@@ -1,5 +1,6 @@
 #pragma once
 
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,51 @@ inline constexpr std::string_view kBicMask = "+########0.0###";
 inline constexpr std::string_view kDifferenceMask = "#######0.00##";
 inline constexpr std::string_view kProbabilityMask = "0.00##";
 inline constexpr std::string_view kBayesFactorMask = "#####0.0#";
+
+// A mask taken apart once: sign position, the "0" places before the point,
+// and the least and most decimals behind it.
+class NumberMask {
+public:
+    // Throws std::invalid_argument for a mask outside the form described at Format.
+    constexpr explicit NumberMask(std::string_view mask) {
+        std::size_t pos = 0;
+        if (pos < mask.size() && mask[pos] == '+') {
+            signPosition = true;
+            ++pos;
+        }
+        for (; pos < mask.size() && (mask[pos] == '#' || mask[pos] == '0'); ++pos) {
+            minIntegerDigits += mask[pos] == '0' ? 1 : 0;
+        }
+        if (pos < mask.size() && mask[pos] == '.') {
+            hasPoint = true;
+            ++pos;
+            for (; pos < mask.size() && mask[pos] == '0'; ++pos) {
+                ++leastDecimals;
+            }
+            for (; pos < mask.size() && mask[pos] == '#'; ++pos) {
+                ++mostDecimals;
+            }
+            mostDecimals += leastDecimals;
+        }
+        // Wide enough for DBL_MAX in fixed notation with up to 40 decimals.
+        if (pos != mask.size() || mostDecimals > kMaxDecimals) {
+            throw std::invalid_argument("unsupported number mask");
+        }
+    }
+
+    static constexpr int kMaxDecimals = 40;
+
+    bool signPosition = false;
+    bool hasPoint = false;
+    int minIntegerDigits = 0;
+    int leastDecimals = 0;
+    int mostDecimals = 0;
+};
+
+inline constexpr NumberMask kBicNumberMask{kBicMask};
+inline constexpr NumberMask kDifferenceNumberMask{kDifferenceMask};
+inline constexpr NumberMask kProbabilityNumberMask{kProbabilityMask};
+inline constexpr NumberMask kBayesFactorNumberMask{kBayesFactorMask};
 
 // `value` as text through `mask`: an optional leading "+" (sign position),
 // integer places of "#" and "0", then optionally "." and decimals of "0"s
@@ -29,5 +75,6 @@ inline constexpr std::string_view kBayesFactorMask = "#####0.0#";
 //
 // Throws std::invalid_argument for a mask outside the form above.
 std::string Format(double value, std::string_view mask);
+std::string Format(double value, const NumberMask& mask);
 
 } // namespace tovarin

@@ -19,6 +19,9 @@ std::int64_t Len(std::string_view text);
 // empty text for a count of zero or below. Never cuts through a character.
 std::string Left(std::string_view text, std::int64_t count);
 
+// Left without a copy: a view of the front of `text`.
+std::string_view leftView(std::string_view text, std::int64_t count);
+
 // The byte length of the character that starts at `pos` (1 to 4).
 std::size_t utf8CharLength(std::string_view text, std::size_t pos);
 

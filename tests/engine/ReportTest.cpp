@@ -1,0 +1,143 @@
+#include "engine/BicStatistics.hpp"
+#include "engine/Credit.hpp"
+#include "engine/ReportCells.hpp"
+#include "engine/ReportWriter.hpp"
+#include "tests/engine/FakeHost.hpp"
+#include "text/Utf8.hpp"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <sstream>
+
+namespace tovarin {
+namespace {
+
+struct CellCase {
+    std::string text;
+    std::int64_t width;
+    std::string fixed;
+    std::string shrinking;
+};
+
+class Cells : public ::testing::TestWithParam<CellCase> {};
+
+TEST_P(Cells, PadFromTheSameSpaces) {
+    EXPECT_EQ(fixedCell(GetParam().text, GetParam().width), GetParam().fixed);
+    EXPECT_EQ(shrinkingCell(GetParam().text, GetParam().width), GetParam().shrinking);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Widths, Cells,
+    ::testing::Values(
+        CellCase{"NCM", 20, "NCM" + std::string(17, ' '), "NCM" + std::string(14, ' ')},
+        CellCase{"", 20, std::string(20, ' '), std::string(20, ' ')},
+        CellCase{"ABCDEFGH", 20, "ABCDEFGH" + std::string(12, ' '),
+                 "ABCDEFGH" + std::string(4, ' ')},
+        CellCase{"+1234567.8901", 25, "+1234567.8901" + std::string(12, ' '), "+1234567.890"},
+        CellCase{"Модель", 20, "Модель" + std::string(14, ' '), "Модель" + std::string(8, ' ')},
+        CellCase{std::string(25, '9'), 25, std::string(25, '9'), ""},
+        CellCase{std::string(300, '9'), 25, std::string(25, '9'), ""},
+        CellCase{"x", 200, "x" + std::string(99, ' '), "x" + std::string(99, ' ')}));
+
+TEST(Cells, ReplacementsLookAtThePrintedNumber) {
+    constexpr double kInf = std::numeric_limits<double>::infinity();
+    constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+    const std::pair<double, const char*> probabilities[] = {
+        {0.0, "<.0001"},    {0.00004, "<.0001"}, {0.00005, "0.0001"},
+        {0.0001, "0.0001"}, {0.5, "0.50"},       {kNaN, "nan"}};
+    for (const auto& [value, text] : probabilities) {
+        EXPECT_EQ(probabilityText(value), text) << value;
+    }
+    const std::pair<double, const char*> factors[] = {
+        {1.0, "1.0"},          {99999.0, "99999.0"}, {99999.004, "99999.0"}, {99999.01, ">99999"},
+        {3269017.0, ">99999"}, {kInf, ">99999"},     {kNaN, "nan"}};
+    for (const auto& [value, text] : factors) {
+        EXPECT_EQ(bayesFactorText(value), text) << value;
+    }
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+test::FakeHost reportOf(const std::vector<std::pair<std::string, double>>& models) {
+    ModelSet set;
+    set.resize(static_cast<std::int64_t>(models.size()));
+    for (std::size_t i = 0; i < models.size(); ++i) {
+        set.row(static_cast<std::int64_t>(i) + 1).name = models[i].first;
+        set.row(static_cast<std::int64_t>(i) + 1).bic = models[i].second;
+    }
+    EXPECT_TRUE(findLowBic(set));
+    computeResults(set);
+    test::FakeHost host;
+    writeReport(host, set, "/some/folder/models.txt", "\n");
+    return host;
+}
+
+TEST(Report, WorkedExampleLineByLine) {
+    const test::FakeHost host = reportOf({{"NCM", 67.82}, {"DUM", 74.15}, {"CXM", 72.03}});
+    const std::vector<std::string> expected = {
+        "Date: 4/5/26  09:30",
+        "File: models.txt",
+        "",
+        ruleLine(),
+        "Model                BIC                Tovarin             prob*               BF**      "
+        "          ",
+        ruleLine(),
+        "NCM              +67.82             0.00                 0.8591           1.0             "
+        "    ",
+        "DUM              +74.15             6.33                 0.0363           23.69           "
+        "    ",
+        "CXM              +72.03             4.21                 0.1047           8.21            "
+        "    ",
+        ruleLine(),
+        "* BIC posterior probability or Schwarz weight",
+        "** Bayes Factor with best model compared to each candidate model",
+        "",
+        kCreditLine,
+        "",
+        ""};
+    EXPECT_EQ(linesOf(host.results), expected);
+    EXPECT_EQ(Len(ruleLine()), 63);
+    EXPECT_EQ(ruleLine().find_first_not_of("–"), std::string::npos);
+}
+
+TEST(Report, AppendsPieceByPieceAndBoldsBeforeTheClosingPiece) {
+    const test::FakeHost host = reportOf({{"A", 100}, {"B", 130}});
+    // Head, rule, headings, rule, five cells per row, rule, two footnotes, closing.
+    ASSERT_EQ(host.pieces.size(), 4u + 5u * 2u + 3u + 1u);
+    EXPECT_EQ(host.pieces[4], "A" + std::string(18, ' '));
+    EXPECT_EQ(host.pieces[8], "1.0                 \n");
+    EXPECT_EQ(host.pieces[13], ">99999              \n");
+    ASSERT_GE(host.events.size(), 2u);
+    EXPECT_EQ(host.events[host.events.size() - 2], "bold 1 100");
+    EXPECT_EQ(host.pieces.back(), "\n" + std::string(kCreditLine) + "\n\n\n");
+    const auto lines = linesOf(host.results);
+    EXPECT_EQ(lines[6], "A                  +100.0             0.00                 1.00           "
+                        "    1.0                 ");
+    EXPECT_EQ(lines[7], "B                  +130.0             30.00               <.0001          "
+                        " >99999              ");
+}
+
+TEST(Report, KeepsFileOrderAndEveryRow) {
+    std::vector<std::pair<std::string, double>> models;
+    for (int i = 0; i < 99; ++i) {
+        models.emplace_back("M" + std::to_string(i), 500.0 - i);
+    }
+    const auto lines = linesOf(reportOf(models).results);
+    ASSERT_EQ(lines.size(), 6u + 99u + 7u);
+    for (int i = 0; i < 99; ++i) {
+        EXPECT_EQ(lines[6 + static_cast<std::size_t>(i)].rfind("M" + std::to_string(i) + " ", 0),
+                  0u);
+    }
+    EXPECT_NE(lines[6 + 98].find(" 0.00 "), std::string::npos) << "the best is the last row";
+}
+
+} // namespace
+} // namespace tovarin
