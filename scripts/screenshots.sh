@@ -59,7 +59,7 @@ app_pid=$!
 
 splash=$(wait_for "the splash" window_sized 450 350)
 capture "$splash" "$docs/splash.png"
-xdotool mousemove --sync --window "$splash" 225 175 click 1
+click_at "$splash" 225 175
 
 main=$(wait_for "the main window" window_named Velmoran)
 eval "$(xdotool getwindowgeometry --shell "$main")"

@@ -29,9 +29,19 @@ window_named() { app_windows | awk -v n="$1" '{ id = $1; $1 = $2 = $3 = ""; sub(
 other_window() { app_windows | awk -v not="$1" '$1 != not { print $1; exit }'; }
 window_gone() { xdotool search --onlyvisible --pid "$app_pid" 2>/dev/null | grep -qx "$1" || echo gone; }
 
-# Without a window manager nobody hands out the keyboard focus: give it by hand.
-focus() { xdotool windowfocus --sync "$1"; }
+# Without a window manager nobody hands out the keyboard focus: give it by hand,
+# and again if the application moves it elsewhere in the meantime.
+focus() {
+    local deadline=$((SECONDS + step_timeout))
+    until xdotool windowfocus "$1" && [ "$(xdotool getwindowfocus -f)" = "$1" ]; do
+        echo "focus on $(xdotool getwindowfocus -f), not $1" >&2
+        [ $SECONDS -lt $deadline ] || fail "cannot give window $1 the keyboard focus"
+        sleep 0.05
+    done
+}
+# The server takes the motion and the press in order, so no --sync is needed;
+# and --sync waits its full 15 s when the pointer is already at the spot.
 click_at() { # WINDOW X Y, in window coordinates
-    xdotool mousemove --sync --window "$1" "$2" "$3" click 1
+    xdotool mousemove --window "$1" "$2" "$3" click 1
 }
 
