@@ -1,5 +1,11 @@
 #!/usr/bin/env bash
-# `make run`: prints the bundled example's report through the command-line tool.
-set -euo pipefail
+# `make run`: starts the desktop app. Without a display it says so in one line
+# and fails, and shows what the app would compute through the command-line tool.
+set -uo pipefail
 build_dir=${1:-build}
-exec "$build_dir/cli/tovarin-report" 3 examples/worked-example.txt
+
+if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLATFORM:-}" ]; then
+  echo "make run: no display found (set DISPLAY, or run under Xvfb); the desktop app needs one" >&2
+  exit 1
+fi
+exec "$build_dir/app/tovarin"
