@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # `make run`: starts the desktop app. Without a display it says so in one line
-# and fails, and shows what the app would compute through the command-line tool.
+# and fails, rather than letting Qt abort with a long diagnostic.
 set -uo pipefail
 build_dir=${1:-build}
 
