@@ -23,6 +23,8 @@ FileSource::FileSource(std::filesystem::path file) : file_(std::move(file)) {
     if (!stream_) {
         throw FileError(file_, errno != 0 ? systemReason(errno) : "cannot be opened");
     }
+    // The line reader buffers already; a second buffer would only copy.
+    std::setvbuf(stream_.get(), nullptr, _IONBF, 0);
 }
 
 std::size_t FileSource::read(char* buffer, std::size_t size) {

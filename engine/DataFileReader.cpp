@@ -26,11 +26,16 @@ const std::string& systemLineEnd() {
 // Replacing one character by one character in place is what ReplaceAll does
 // for it, without a copy per line.
 void splitDataLine(std::string& line, ModelRow& row) {
-    std::replace(line.begin(), line.end(), '\t', ',');
     const std::string& systemEnd = systemLineEnd();
     if (systemEnd.size() == 1) {
-        std::replace(line.begin(), line.end(), systemEnd.front(), ',');
+        const char end = systemEnd.front();
+        for (char& c : line) {
+            if (c == '\t' || c == end) {
+                c = ',';
+            }
+        }
     } else {
+        std::replace(line.begin(), line.end(), '\t', ',');
         line = ReplaceAll(line, systemEnd, ",");
     }
     row.name = NthField(line, ",", 1);

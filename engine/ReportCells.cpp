@@ -6,6 +6,7 @@
 #include "text/Val.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace tovarin {
@@ -13,6 +14,12 @@ namespace tovarin {
 namespace {
 
 constexpr double kBayesFactorLimit = 99999.0;
+
+constexpr std::array<char, kPadLength> kPad = [] {
+    std::array<char, kPadLength> pad{};
+    pad.fill(' ');
+    return pad;
+}();
 constexpr double kBayesFactorShortcut = 100000.0;
 
 // Left of the text followed by padText, appended without building that text first.
@@ -23,16 +30,15 @@ void appendLeftOfPadded(std::string& out, std::string_view text, std::int64_t te
         return;
     }
     const auto spaces =
-        std::min<std::int64_t>(count - textLength, static_cast<std::int64_t>(padText().size()));
+        std::min<std::int64_t>(count - textLength, static_cast<std::int64_t>(kPadLength));
     out += text;
-    out.append(static_cast<std::size_t>(spaces), ' ');
+    out.append(kPad.data(), static_cast<std::size_t>(spaces));
 }
 
 } // namespace
 
-const std::string& padText() {
-    static const std::string pad(99, ' ');
-    return pad;
+std::string_view padText() {
+    return {kPad.data(), kPad.size()};
 }
 
 const std::string& ruleLine() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -7,7 +8,8 @@
 namespace tovarin {
 
 // The padding the cells are cut from: 99 spaces.
-const std::string& padText();
+inline constexpr std::size_t kPadLength = 99;
+std::string_view padText();
 // A rule line of the report without its line end: 63 en dashes.
 const std::string& ruleLine();
 

@@ -55,7 +55,7 @@ void writeReport(AnalysisHost& host, const ModelSet& set, const std::filesystem:
                        fixedCell("BF**", kHeadingWidth) + lineEnd);
     host.appendResults(rule);
     std::string piece;
-    piece.reserve(padText().size() + 32);
+    piece.reserve(kPadLength + 32);
     for (std::int64_t i = 1; i <= set.modelCount; ++i) {
         appendRow(host, set.row(i), lineEnd, piece);
     }

@@ -51,13 +51,17 @@ bool roundScaled(double magnitude, int decimals, std::uint64_t& units) {
     return true;
 }
 
-// The rounded magnitude in fixed notation with exactly `decimals` places.
-std::string_view roundedDigits(double magnitude, int decimals, std::array<char, 400>& buffer) {
+// Room in front of the digits for leading zeros, the mask's "0" places and
+// the sign; room behind for DBL_MAX in fixed notation with the most decimals.
+constexpr std::size_t kLead = 64;
+using DigitBuffer = std::array<char, kLead + 320 + NumberMask::kMaxDecimals>;
+
+// The rounded magnitude in fixed notation with exactly `decimals` places,
+// written into `buffer` from kLead on.
+std::string_view roundedDigits(double magnitude, int decimals, DigitBuffer& buffer) {
+    char* const start = buffer.data() + kLead;
     std::uint64_t units = 0;
     if (roundScaled(magnitude, decimals, units)) {
-        // Room in front for the leading zeros of a value below 1.
-        constexpr std::size_t kLead = 16;
-        char* const start = buffer.data() + kLead;
         char* end = std::to_chars(start, buffer.data() + buffer.size(), units).ptr;
         char* first = start;
         while (end - first <= decimals) {
@@ -70,9 +74,9 @@ std::string_view roundedDigits(double magnitude, int decimals, std::array<char, 
         }
         return {first, static_cast<std::size_t>(end - first)};
     }
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
+    const auto result = std::to_chars(start, buffer.data() + buffer.size(), magnitude,
                                       std::chars_format::fixed, decimals);
-    return {buffer.data(), static_cast<std::size_t>(result.ptr - buffer.data())};
+    return {start, static_cast<std::size_t>(result.ptr - start)};
 }
 
 } // namespace
@@ -86,43 +90,33 @@ std::string Format(double value, const NumberMask& shape) {
         return formatNonFinite(value, shape);
     }
 
-    std::array<char, 400> buffer; // NOLINT: filled as far as it is used
+    DigitBuffer buffer; // NOLINT: filled as far as it is used
     const std::string_view rounded = roundedDigits(std::fabs(value), shape.mostDecimals, buffer);
+    char* first = buffer.data() + (rounded.data() - buffer.data());
+    char* last = first + rounded.size();
+    const bool roundsToZero = std::all_of(first, last, [](char c) { return c == '0' || c == '.'; });
 
     // Fixed notation puts exactly mostDecimals digits behind the point.
-    const auto decimalCount = static_cast<std::size_t>(shape.mostDecimals);
-    const std::size_t integerCount =
-        decimalCount == 0 ? rounded.size() : rounded.size() - decimalCount - 1;
-    std::string_view integer = rounded.substr(0, integerCount);
-    std::string_view decimals = rounded.substr(rounded.size() - decimalCount);
-    const bool roundsToZero =
-        std::all_of(rounded.begin(), rounded.end(), [](char c) { return c == '0' || c == '.'; });
-
-    while (decimals.size() > static_cast<std::size_t>(shape.leastDecimals) &&
-           decimals.back() == '0') {
-        decimals.remove_suffix(1);
+    char* const integerEnd = shape.mostDecimals == 0 ? last : last - shape.mostDecimals - 1;
+    char* const leastEnd = shape.mostDecimals == 0 ? last : integerEnd + 1 + shape.leastDecimals;
+    while (last > leastEnd && last[-1] == '0') {
+        --last;
     }
-    if (integer == "0" && shape.minIntegerDigits == 0) {
-        integer = {};
+    if (shape.hasPoint && shape.mostDecimals == 0) {
+        *last++ = '.';
     }
-
-    std::string text;
-    text.reserve(integer.size() + decimals.size() + 8);
+    if (integerEnd - first == 1 && *first == '0' && shape.minIntegerDigits == 0) {
+        ++first;
+    }
+    while (integerEnd - first < shape.minIntegerDigits) {
+        *--first = '0';
+    }
     if (std::signbit(value) && !roundsToZero) {
-        text += '-';
+        *--first = '-';
     } else if (shape.signPosition) {
-        text += '+';
+        *--first = '+';
     }
-    for (auto length = static_cast<int>(integer.size()); length < shape.minIntegerDigits;
-         ++length) {
-        text += '0';
-    }
-    text += integer;
-    if (shape.hasPoint) {
-        text += '.';
-        text += decimals;
-    }
-    return text;
+    return {first, last};
 }
 
 } // namespace tovarin

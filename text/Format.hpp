@@ -37,13 +37,15 @@ public:
             }
             mostDecimals += leastDecimals;
         }
-        // Wide enough for DBL_MAX in fixed notation with up to 40 decimals.
-        if (pos != mask.size() || mostDecimals > kMaxDecimals) {
+        if (pos != mask.size() || mostDecimals > kMaxDecimals ||
+            minIntegerDigits > kMaxIntegerZeros) {
             throw std::invalid_argument("unsupported number mask");
         }
     }
 
+    // Limits that keep every result within a fixed buffer.
     static constexpr int kMaxDecimals = 40;
+    static constexpr int kMaxIntegerZeros = 40;
 
     bool signPosition = false;
     bool hasPoint = false;

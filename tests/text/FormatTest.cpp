@@ -63,7 +63,7 @@ INSTANTIATE_TEST_SUITE_P(
         FormatCase{1e20, kBicMask, "+100000000000000000000.0"}, FormatCase{0.0, kBicMask, "+0.0"},
         FormatCase{-0.0, kBicMask, "+0.0"}, FormatCase{-0.00001, kBicMask, "+0.0"},
         FormatCase{-0.00001, kDifferenceMask, "0.00"}, FormatCase{-2.5, kDifferenceMask, "-2.50"},
-        FormatCase{0.5, "#.0", ".5"}, FormatCase{7.0, "000", "007"}));
+        FormatCase{0.5, "#.0", ".5"}, FormatCase{5.4, "0.", "5."}, FormatCase{7.0, "000", "007"}));
 
 constexpr double kInf = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
