@@ -72,6 +72,8 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    bool pressHandled(QPoint at);
+
     MouseDownHandler mouseDown_;
 };
 
