@@ -2,12 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 #include <vector>
 
 namespace tovarin {
 namespace {
+
+constexpr double kInf = std::numeric_limits<double>::infinity();
 
 ModelSet setOf(const std::vector<double>& bics) {
     ModelSet set;
@@ -16,26 +17,6 @@ ModelSet setOf(const std::vector<double>& bics) {
         set.row(static_cast<std::int64_t>(i) + 1).bic = bics[i];
     }
     return set;
-}
-
-TEST(Statistics, WorkedExampleBitForBit) {
-    ModelSet set = setOf({67.82, 74.15, 72.03});
-    ASSERT_TRUE(findLowBic(set));
-    EXPECT_EQ(set.lowIndex, 1);
-    EXPECT_FALSE(lowBicBelowLimit(set));
-    computeResults(set);
-    struct Expected {
-        double difference, probability, bayesFactor;
-    };
-    const Expected table[] = {{0, 0.8590623833788779, 1},
-                              {6.3300000000000125, 0.036264581279120016, 23.68874403283124},
-                              {4.210000000000008, 0.10467303534200216, 8.207103009595842}};
-    for (std::int64_t i = 1; i <= 3; ++i) {
-        EXPECT_EQ(set.row(i).difference, table[i - 1].difference) << i;
-        EXPECT_EQ(set.row(i).probability, table[i - 1].probability) << i;
-        EXPECT_EQ(set.row(i).bayesFactor, table[i - 1].bayesFactor) << i;
-    }
-    EXPECT_EQ(set.row(1).probability / 0.8590623833788779, 1.0);
 }
 
 struct SearchCase {
@@ -55,56 +36,57 @@ TEST_P(LowBicSearch, FindsTheFirstLowestAndTestsItAgainstTheLimit) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Bics, LowBicSearch,
-    ::testing::Values(SearchCase{{5, 5}, 1, false}, SearchCase{{10, 5, 5}, 2, false},
-                      SearchCase{{30, 20, 10}, 3, false}, SearchCase{{-20, -10}, 1, true},
-                      SearchCase{{0.00005, 3}, 1, true}, SearchCase{{0.0001, 3}, 1, false},
-                      SearchCase{{0.00009, 3}, 1, true}, SearchCase{{0, 3}, 1, true},
-                      SearchCase{{99999999999.0, 5}, 2, false},
-                      SearchCase{{99999999999.0, 99999999999.0}, 0, false},
-                      SearchCase{{99999999998.5, 99999999999.0}, 1, false},
-                      SearchCase{{1e300, std::numeric_limits<double>::infinity()}, 0, false},
-                      SearchCase{{100, 0, 50}, 2, true}));
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Bics, LowBicSearch, ::testing::Values(
+    SearchCase{{5, 5}, 1, false}, SearchCase{{10, 5, 5}, 2, false}, SearchCase{{30, 20, 10}, 3, false},
+    SearchCase{{-20, -10}, 1, true}, SearchCase{{0.00005, 3}, 1, true}, SearchCase{{0.0001, 3}, 1, false},
+    SearchCase{{0, 3}, 1, true}, SearchCase{{99999999999.0, 5}, 2, false},
+    SearchCase{{99999999999.0, 99999999999.0}, 0, false}, SearchCase{{99999999998.5, 99999999999.0}, 1, false},
+    SearchCase{{1e300, kInf}, 0, false}, SearchCase{{100, 0, 50}, 2, true}));
+// clang-format on
 
-TEST(Statistics, TiesShareTheirResults) {
-    ModelSet set = setOf({10, 5, 5});
+struct ResultCase {
+    std::vector<double> bics;
+    std::vector<double> difference, probability, bayesFactor; // rows 1.. in order
+};
+
+class ResultPasses : public ::testing::TestWithParam<ResultCase> {};
+
+TEST_P(ResultPasses, GiveTheseDoublesBitForBit) {
+    ModelSet set = setOf(GetParam().bics);
     ASSERT_TRUE(findLowBic(set));
     computeResults(set);
-    EXPECT_EQ(set.row(2).probability, set.row(3).probability);
-    EXPECT_EQ(set.row(3).bayesFactor, 1.0);
-    ModelSet pair = setOf({7, 7});
-    ASSERT_TRUE(findLowBic(pair));
-    computeResults(pair);
-    EXPECT_EQ(pair.row(1).probability, 0.5);
-    EXPECT_EQ(pair.row(2).bayesFactor, 1.0);
+    for (std::size_t i = 0; i < GetParam().bics.size(); ++i) {
+        const ModelRow& row = set.row(static_cast<std::int64_t>(i) + 1);
+        EXPECT_EQ(row.difference, GetParam().difference[i]) << "row " << i + 1;
+        EXPECT_EQ(row.probability, GetParam().probability[i]) << "row " << i + 1;
+        EXPECT_EQ(row.bayesFactor, GetParam().bayesFactor[i]) << "row " << i + 1;
+    }
 }
 
-TEST(Statistics, OnlyDifferencesMatter) {
-    ModelSet negative = setOf({-20, -10});
-    ModelSet positive = setOf({110, 120});
-    for (ModelSet* set : {&negative, &positive}) {
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Sets, ResultPasses, ::testing::Values(
+    ResultCase{{67.82, 74.15, 72.03}, {0, 6.3300000000000125, 4.210000000000008},
+               {0.8590623833788779, 0.036264581279120016, 0.10467303534200216},
+               {1, 23.68874403283124, 8.207103009595842}},
+    ResultCase{{7, 7}, {0, 0}, {0.5, 0.5}, {1, 1}},
+    ResultCase{{100, 3000}, {0, 2900}, {1, 0}, {1, kInf}}));
+// clang-format on
+
+TEST(ResultPasses, OnlyDifferencesMatterAndHugeOnesStayFinite) {
+    ModelSet negative = setOf({-20, -10}), positive = setOf({110, 120}), near = setOf({100, 130});
+    ModelSet ties = setOf({10, 5, 5});
+    for (ModelSet* set : {&negative, &positive, &near, &ties}) {
         ASSERT_TRUE(findLowBic(*set));
         computeResults(*set);
     }
     EXPECT_EQ(negative.row(2).probability, positive.row(2).probability);
     EXPECT_EQ(negative.row(2).bayesFactor, positive.row(2).bayesFactor);
-}
-
-TEST(Statistics, HugeDifferencesUnderflowWithoutHarm) {
-    ModelSet near = setOf({100, 130});
-    ASSERT_TRUE(findLowBic(near));
-    computeResults(near);
     EXPECT_NEAR(near.row(2).probability, 3.059e-7, 1e-9);
     EXPECT_NEAR(near.row(2).bayesFactor, 3269017.37, 0.01);
-
-    ModelSet far = setOf({100, 3000, 101});
-    ASSERT_TRUE(findLowBic(far));
-    computeResults(far);
-    EXPECT_EQ(far.row(2).probability, 0.0);
-    EXPECT_EQ(far.row(2).bayesFactor, std::numeric_limits<double>::infinity());
-    EXPECT_EQ(far.row(1).bayesFactor, 1.0);
-    EXPECT_DOUBLE_EQ(far.row(1).probability + far.row(3).probability, 1.0);
+    EXPECT_EQ(ties.row(2).probability, ties.row(3).probability);
+    EXPECT_EQ(ties.row(3).bayesFactor, 1.0);
+    EXPECT_NEAR(ties.row(1).bayesFactor, 12.182493960703473, 1e-12); // e^2.5
 }
 
 } // namespace
