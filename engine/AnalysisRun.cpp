@@ -27,6 +27,12 @@ void refuse(AnalysisHost& host, const std::string& message) {
 } // namespace
 
 std::unique_ptr<ByteSource> openDataFile(const std::filesystem::path& file) {
+    // Opening a named pipe waits until something writes to it, which may be
+    // never: the run must not hang on it, so it is refused before the open.
+    std::error_code statusError;
+    if (std::filesystem::is_fifo(file, statusError)) {
+        throw FileError(file, "Is a named pipe, not a data file");
+    }
     try {
         return std::make_unique<FileSource>(file);
     } catch (const FileError&) {

@@ -146,6 +146,20 @@ std::vector<HostileCase> makeCases() {
                      {},
                      {},
                      {}});
+    // Opening a pipe that nothing writes to would wait for ever.
+    cases.push_back({"named pipe",
+                     "2",
+                     [](const fs::path& folder) {
+                         const fs::path pipe = folder / "pipe";
+                         if (::mkfifo(pipe.c_str(), 0644) != 0) {
+                             throw std::system_error(errno, std::generic_category(), "mkfifo");
+                         }
+                         return pipe;
+                     },
+                     Outcome::FileError,
+                     {},
+                     "named pipe",
+                     {}});
     cases.push_back({"no read permission",
                      "2",
                      [](const fs::path& folder) {
