@@ -39,7 +39,9 @@ bool roundScaled(double magnitude, int decimals, std::uint64_t& units) {
         return false;
     }
     const double residual = std::fma(magnitude, scale, -product);
-    const double nearest = std::nearbyint(product);
+    // Below 2^52, adding and taking away 2^52 rounds to the nearest integer
+    // (ties to even) in the default rounding mode, without a library call.
+    const double nearest = (product + 0x1p52) - 0x1p52;
     const double offset = product - nearest; // exact: both lie within 0.5 of each other
     auto count = static_cast<std::uint64_t>(nearest);
     if (offset == 0.5 && residual > 0) {
