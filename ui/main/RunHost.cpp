@@ -30,6 +30,24 @@ QString withoutTrailingLineEnd(QString text) {
 
 } // namespace
 
+RunHost::~RunHost() {
+    endBatch();
+}
+
+void RunHost::beginBatch() {
+    if (batch_)
+        return;
+    batch_.emplace(window_.ResultsFld()->document());
+    batch_->beginEditBlock();
+}
+
+void RunHost::endBatch() {
+    if (!batch_)
+        return;
+    batch_->endEditBlock();
+    batch_.reset();
+}
+
 std::string RunHost::countText() const {
     return toUtf8(window_.pFld()->text());
 }
@@ -55,10 +73,12 @@ void RunHost::showResults() {
 }
 
 void RunHost::appendResults(std::string_view piece) {
+    beginBatch();
     window_.ResultsFld()->appendPlain(fromUtf8(piece));
 }
 
 void RunHost::setResultsBold(std::int64_t start, std::int64_t length) {
+    endBatch();
     window_.ResultsFld()->setBold(start, length);
 }
 

@@ -2,6 +2,8 @@
 
 #include "engine/AnalysisHost.hpp"
 
+#include <QTextCursor>
+
 namespace tovarin {
 
 class ControlWnd;
@@ -11,6 +13,9 @@ class ControlWnd;
 class RunHost final : public AnalysisHost {
 public:
     explicit RunHost(ControlWnd& window) : window_(window) {}
+    ~RunHost() override;
+    RunHost(const RunHost&) = delete;
+    RunHost& operator=(const RunHost&) = delete;
 
     std::string countText() const override;
     void showMessage(const std::string& text) override;
@@ -22,7 +27,14 @@ public:
     DateTimeText currentDateTime() override;
 
 private:
+    void beginBatch();
+    void endBatch();
+
     ControlWnd& window_;
+    // Holds the pieces appended in a row as one edit, so the results area lays
+    // them out once instead of once per piece. A change near the top (the bold)
+    // ends the batch: in the same edit it would make the whole text laid out anew.
+    std::optional<QTextCursor> batch_;
 };
 
 } // namespace tovarin
