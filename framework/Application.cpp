@@ -1,5 +1,6 @@
 #include "framework/Application.hpp"
 
+#include "framework/HandlerGuard.hpp"
 #include "framework/Platform.hpp"
 
 #include <exception>
@@ -13,14 +14,24 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
+    // The last line of defence: handlers are guarded where they are called,
+    // and this catches whatever else escapes event delivery.
     try {
         return QApplication::notify(receiver, event);
+    } catch (...) {
+        reportCurrentException();
+    }
+    return true;
+}
+
+void reportCurrentException() {
+    try {
+        throw;
     } catch (const std::exception& failure) {
         reportUnhandledFailure(QString::fromUtf8(failure.what()));
     } catch (...) {
         reportUnhandledFailure(QStringLiteral("An unknown failure occurred."));
     }
-    return true;
 }
 
 void Application::setVersionData(const Version& version) {

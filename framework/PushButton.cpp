@@ -1,35 +1,29 @@
 #include "framework/Controls.hpp"
 
-#include "framework/Platform.hpp"
+#include "framework/HandlerGuard.hpp"
 
+#include <QGuiApplication>
 #include <QMouseEvent>
-
-#include <exception>
 
 namespace tovarin::fw {
 
 PushButton::PushButton(QWidget* parent) : QPushButton(parent) {}
 
-// A failure must not unwind through Qt's event delivery, which is not exception
-// safe: the event's own bookkeeping would be left behind. It is reported here,
-// as the application reports what reaches it, and the press counts as handled.
+// A failure of the handler is reported at the press, which then counts as handled.
 bool PushButton::pressHandled(QPoint at) {
-    try {
-        return mouseDown_(at.x(), at.y());
-    } catch (const std::exception& failure) {
-        reportUnhandledFailure(QString::fromUtf8(failure.what()));
-    } catch (...) {
-        reportUnhandledFailure(QStringLiteral("An unknown failure occurred."));
-    }
-    return true;
+    return runHandler([&] { return mouseDown_(at.x(), at.y()); });
 }
 
 void PushButton::mousePressEvent(QMouseEvent* event) {
     // The work happens at the press; the button then tracks the mouse as usual
-    // unless the handler took the press over.
+    // unless the handler took the press over. A handler that ran a modal dialog
+    // (the file chooser) has seen the release go to that dialog: passing the
+    // press on then would leave the button drawn down with no release to come.
     if (event->button() == Qt::LeftButton && mouseDown_) {
         const QPoint at = event->position().toPoint();
-        if (pressHandled(at)) {
+        const bool handled = pressHandled(at);
+        const bool stillHeld = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
+        if (handled || !stillHeld) {
             event->accept();
             return;
         }

@@ -1,5 +1,7 @@
 #include "framework/Controls.hpp"
 
+#include "framework/HandlerGuard.hpp"
+
 #include <QKeyEvent>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -33,7 +35,7 @@ TextField::TextField(QWidget* parent) : QLineEdit(parent) {}
 
 void TextField::keyPressEvent(QKeyEvent* event) {
     const int code = keyCode(*event);
-    if (code >= 0 && keyDown_ && keyDown_(code)) {
+    if (code >= 0 && keyDown_ && runHandler([&] { return keyDown_(code); })) {
         event->accept();
         return;
     }
@@ -44,7 +46,7 @@ TextArea::TextArea(QWidget* parent) : QTextEdit(parent) {}
 
 void TextArea::keyPressEvent(QKeyEvent* event) {
     const int code = keyCode(*event);
-    if (code >= 0 && keyDown_ && keyDown_(code)) {
+    if (code >= 0 && keyDown_ && runHandler([&] { return keyDown_(code); })) {
         event->accept();
         return;
     }

@@ -1,5 +1,7 @@
 #include "framework/Controls.hpp"
 
+#include "framework/HandlerGuard.hpp"
+
 namespace tovarin::fw {
 
 OneShotTimer::OneShotTimer(int periodMs, std::function<void()> action, QObject* parent)
@@ -10,7 +12,7 @@ OneShotTimer::OneShotTimer(int periodMs, std::function<void()> action, QObject* 
     setInterval(periodMs);
     connect(this, &QTimer::timeout, this, [action = std::move(action)] {
         if (action)
-            action();
+            runAction(action);
     });
     start();
 }

@@ -1,5 +1,7 @@
 #include "framework/Window.hpp"
 
+#include "framework/HandlerGuard.hpp"
+
 #include <QCloseEvent>
 #include <QMenuBar>
 
@@ -51,12 +53,12 @@ bool Window::handleMenuItem(const QString& itemName) {
         return false;
     // A copy, so that a handler that replaces itself is not destroyed mid-call.
     const std::function<bool()> handler = found->second;
-    return handler();
+    return runHandler(handler);
 }
 
 void Window::closeEvent(QCloseEvent* event) {
     closing_ = true;
-    Event_Close();
+    runAction([this] { Event_Close(); });
     event->accept();
 }
 

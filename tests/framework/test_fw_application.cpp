@@ -3,6 +3,7 @@
 #include "engine/FileError.hpp"
 #include "framework/Controls.hpp"
 #include "framework/Platform.hpp"
+#include "framework/Window.hpp"
 
 #include <QMessageBox>
 #include <QTimer>
@@ -48,6 +49,8 @@ private slots:
     void failureInAHandlerIsReportedAndTheAppGoesOn_data();
     void failureInAHandlerIsReportedAndTheAppGoesOn();
     void failureInATimerIsReported();
+    void failureInKeyAndMenuHandlersIsReported_data();
+    void failureInKeyAndMenuHandlersIsReported();
     void failureShowsADialogWithTheReason();
     void quitTwiceEndsTheLoopOnce();
 };
@@ -91,6 +94,35 @@ void ApplicationTest::failureInATimerIsReported() {
     new OneShotTimer(
         1, [] { fail(Failure::Runtime); }, &owner);
     QCOMPARE(runUntil([&] { return !reported.isEmpty(); }), 0);
+    QCOMPARE(reported, QStringList{"the handler broke"});
+}
+
+void ApplicationTest::failureInKeyAndMenuHandlersIsReported_data() {
+    QTest::addColumn<QString>("handler");
+    QTest::newRow("text field key") << "field";
+    QTest::newRow("text area key") << "area";
+    QTest::newRow("menu item") << "menu";
+}
+
+void ApplicationTest::failureInKeyAndMenuHandlersIsReported() {
+    QFETCH(QString, handler);
+    QStringList reported;
+    setUnhandledFailureHandler([&](const QString& why) { reported << why; });
+    Window window(200, 100);
+    auto* field = new TextField(window.content());
+    auto* area = new TextArea(window.content());
+    const KeyHandler failing = [](int) -> bool { fail(Failure::Runtime); };
+    field->setKeyDownHandler(failing);
+    area->setKeyDownHandler(failing);
+    window.addMenuHandler("InfoItem", []() -> bool { fail(Failure::Runtime); });
+    if (handler == "menu") {
+        QVERIFY(window.handleMenuItem("InfoItem")); // a failed handler counts as handled
+    } else {
+        QWidget* target = handler == "field" ? static_cast<QWidget*>(field) : area;
+        QTest::keyClick(target, Qt::Key_X);
+        // The failed handler consumed the key: nothing was typed.
+        QVERIFY(field->text().isEmpty() && area->toPlainText().isEmpty());
+    }
     QCOMPARE(reported, QStringList{"the handler broke"});
 }
 
