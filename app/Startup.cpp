@@ -3,12 +3,15 @@
 #include "app/FileTypes.hpp"
 #include "app/Tovarin.hpp"
 #include "engine/Credit.hpp"
+#include "framework/HandlerGuard.hpp"
 #include "ui/main/MenuBar1.hpp"
 #include "ui/secondary/AboutWnd.hpp"
 
 #include <QGuiApplication>
 
+#include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <memory>
 
 namespace tovarin {
@@ -24,6 +27,16 @@ std::unique_ptr<Tovarin>& applicationSlot() {
 int argumentCount = 1;
 char programName[] = "tovarin";
 char* arguments[] = {programName, nullptr};
+
+void reportToTerminal() {
+    try {
+        throw;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "tovarin: %s\n", failure.what());
+    } catch (...) {
+        std::fputs("tovarin: an unknown failure occurred at start-up\n", stderr);
+    }
+}
 
 bool environmentSet(const char* name) {
     const char* value = std::getenv(name);
@@ -91,9 +104,19 @@ void MakeDefaultView() {
 }
 
 int Main() {
-    EarlyStartup();
-    LateStartup();
-    const int exitValue = QCoreApplication::exec();
+    // A failure in a step skips the steps behind it and is shown to the user;
+    // before the application object exists there is only the terminal.
+    int exitValue = 1;
+    try {
+        EarlyStartup();
+        LateStartup();
+        exitValue = QCoreApplication::exec();
+    } catch (...) {
+        if (application())
+            fw::reportCurrentException();
+        else
+            reportToTerminal();
+    }
     ShutDown();
     return exitValue;
 }
