@@ -23,23 +23,26 @@ const std::string& systemLineEnd() {
     return lineEnd;
 }
 
-// Replacing one character by one character in place is what ReplaceAll does
-// for it, without a copy per line.
 void splitDataLine(std::string& line, ModelRow& row) {
     const std::string& systemEnd = systemLineEnd();
     if (systemEnd.size() == 1) {
+        // Every separator is then one character: the first two fields are
+        // found in one scan that stops behind the second, replacing nothing.
         const char end = systemEnd.front();
-        for (char& c : line) {
-            if (c == '\t' || c == end) {
-                c = ',';
-            }
+        const auto isSeparator = [end](char c) { return c == ',' || c == '\t' || c == end; };
+        const auto nameEnd = std::find_if(line.cbegin(), line.cend(), isSeparator);
+        row.name.assign(line.cbegin(), nameEnd);
+        if (nameEnd == line.cend()) {
+            row.bicText.clear();
+            return;
         }
-    } else {
-        std::replace(line.begin(), line.end(), '\t', ',');
-        line = ReplaceAll(line, systemEnd, ",");
+        row.bicText.assign(nameEnd + 1, std::find_if(nameEnd + 1, line.cend(), isSeparator));
+        return;
     }
-    row.name = NthField(line, ",", 1);
-    row.bicText = NthField(line, ",", 2);
+    std::replace(line.begin(), line.end(), '\t', ',');
+    line = ReplaceAll(line, systemEnd, ",");
+    row.name = nthFieldView(line, ",", 1);
+    row.bicText = nthFieldView(line, ",", 2);
 }
 
 void readModels(LineReader& reader, ModelSet& set) {
@@ -50,7 +53,7 @@ void readModels(LineReader& reader, ModelSet& set) {
     }
     for (std::int64_t i = 1; i <= set.modelCount; ++i) {
         ModelRow& row = set.row(i);
-        row.name = Left(row.name, kNameCharacters);
+        row.name.erase(leftView(row.name, kNameCharacters).size());
         row.bic = Val(row.bicText);
     }
 }

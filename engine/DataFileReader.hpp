@@ -13,7 +13,7 @@ const std::string& systemLineEnd();
 
 // Name and BIC text of one data line: tabs and the system line end count as
 // commas, field 1 is the name, field 2 the BIC. Nothing is trimmed. The line
-// is changed on the way.
+// may be changed on the way.
 void splitDataLine(std::string& line, ModelRow& row);
 
 // Fills names, BIC texts and BICs of rows 1..set.modelCount from exactly that

@@ -21,6 +21,7 @@ constexpr std::array<char, kPadLength> kPad = [] {
     return pad;
 }();
 constexpr double kBayesFactorShortcut = 100000.0;
+constexpr double kProbabilityShortcut = 0.00004;
 
 // Left of the text followed by padText, appended without building that text first.
 void appendLeftOfPadded(std::string& out, std::string_view text, std::int64_t textLength,
@@ -32,7 +33,10 @@ void appendLeftOfPadded(std::string& out, std::string_view text, std::int64_t te
     const auto spaces =
         std::min<std::int64_t>(count - textLength, static_cast<std::int64_t>(kPadLength));
     out += text;
-    out.append(kPad.data(), static_cast<std::size_t>(spaces));
+    // All of the padding, then cut back: a copy of fixed size is a few moves,
+    // while one of varying size costs more than these few bytes are worth.
+    out.append(kPad.data(), kPad.size());
+    out.resize(out.size() - kPadLength + static_cast<std::size_t>(spaces));
 }
 
 } // namespace
@@ -76,26 +80,41 @@ std::string shrinkingCell(std::string_view text, std::int64_t width) {
 
 // The replacements test the number that the text shows, not the stored double,
 // so a value that prints as 0.0001 or 99999.0 keeps its digits. Rounding to
-// four or two places never takes a value at or above a limit below it, so
-// those values skip the read-back; a Bayes factor of 100000 or more, infinity
-// included, always shows a number above 99999.
-std::string probabilityText(double probability) {
-    std::string text = Format(probability, kProbabilityNumberMask);
+// four or two places may bring a value onto 0.0001 or 99999 but never past
+// it, so only values already on the replaced side need the read-back. Far
+// from the limit no read-back is needed either: a Bayes factor of 100000 or
+// more, infinity included, always shows a number above 99999, and a
+// probability below 0.00004 prints as 0.00 or less, below 0.0001 when read.
+std::string_view probabilityText(double probability, FormatBuffer& buffer) {
+    if (probability < kProbabilityShortcut) {
+        return "<.0001";
+    }
+    const std::string_view text = formatTo(buffer, probability, kProbabilityNumberMask);
     if (probability < kZeroBicLimit && kZeroBicLimit > Val(text)) {
         return "<.0001";
     }
     return text;
 }
 
-std::string bayesFactorText(double bayesFactor) {
+std::string_view bayesFactorText(double bayesFactor, FormatBuffer& buffer) {
     if (bayesFactor >= kBayesFactorShortcut) {
         return ">99999";
     }
-    std::string text = Format(bayesFactor, kBayesFactorNumberMask);
-    if (Val(text) > kBayesFactorLimit) {
+    const std::string_view text = formatTo(buffer, bayesFactor, kBayesFactorNumberMask);
+    if (bayesFactor >= kBayesFactorLimit && Val(text) > kBayesFactorLimit) {
         return ">99999";
     }
     return text;
+}
+
+std::string probabilityText(double probability) {
+    FormatBuffer buffer; // NOLINT: filled as far as it is used
+    return std::string(probabilityText(probability, buffer));
+}
+
+std::string bayesFactorText(double bayesFactor) {
+    FormatBuffer buffer; // NOLINT: filled as far as it is used
+    return std::string(bayesFactorText(bayesFactor, buffer));
 }
 
 } // namespace tovarin

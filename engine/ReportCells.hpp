@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/Format.hpp"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -29,5 +31,9 @@ std::string probabilityText(double probability);
 // The Bayes factor as printed: ">99999" when the printed number is above
 // 99999, and for +inf. A NaN prints as "nan" rather than pass for a number.
 std::string bayesFactorText(double bayesFactor);
+
+// The same texts without a string each: a view into `buffer` or of a constant.
+std::string_view probabilityText(double probability, FormatBuffer& buffer);
+std::string_view bayesFactorText(double bayesFactor, FormatBuffer& buffer);
 
 } // namespace tovarin

@@ -4,6 +4,8 @@
 #include "engine/ReportCells.hpp"
 #include "text/Format.hpp"
 
+#include <string_view>
+
 namespace tovarin {
 
 namespace {
@@ -19,23 +21,31 @@ constexpr std::int64_t kBayesFactorWidth = 20;
 constexpr std::int64_t kBoldStart = 1;
 constexpr std::int64_t kBoldLength = 100;
 
-// Each cell is one piece, built in `piece` so that a row costs no allocations.
+void appendLine(AnalysisHost& host, std::string& piece, std::string_view text,
+                const std::string& lineEnd) {
+    piece.assign(text).append(lineEnd);
+    host.appendResults(piece);
+}
+
+// Each cell is one piece, built in `piece` and numbers in `number`, so that a
+// row costs no allocations.
 void appendRow(AnalysisHost& host, const ModelRow& row, const std::string& lineEnd,
-               std::string& piece) {
+               std::string& piece, FormatBuffer& number) {
     piece.clear();
     appendShrinkingCell(piece, row.name, kNameWidth);
     host.appendResults(piece);
     piece.clear();
-    appendShrinkingCell(piece, Format(row.bic, kBicNumberMask), kBicWidth);
+    appendShrinkingCell(piece, formatTo(number, row.bic, kBicNumberMask), kBicWidth);
     host.appendResults(piece);
     piece.clear();
-    appendShrinkingCell(piece, Format(row.difference, kDifferenceNumberMask), kDifferenceWidth);
+    appendShrinkingCell(piece, formatTo(number, row.difference, kDifferenceNumberMask),
+                        kDifferenceWidth);
     host.appendResults(piece);
     piece.clear();
-    appendShrinkingCell(piece, probabilityText(row.probability), kProbabilityWidth);
+    appendShrinkingCell(piece, probabilityText(row.probability, number), kProbabilityWidth);
     host.appendResults(piece);
     piece.clear();
-    appendFixedCell(piece, bayesFactorText(row.bayesFactor), kBayesFactorWidth);
+    appendFixedCell(piece, bayesFactorText(row.bayesFactor, number), kBayesFactorWidth);
     piece += lineEnd;
     host.appendResults(piece);
 }
@@ -44,27 +54,36 @@ void appendRow(AnalysisHost& host, const ModelRow& row, const std::string& lineE
 
 void writeReport(AnalysisHost& host, const ModelSet& set, const std::filesystem::path& dataFile,
                  const std::string& lineEnd) {
+    std::string piece;
+    piece.reserve(2 * kPadLength);
+
     const DateTimeText now = host.currentDateTime();
-    host.appendResults("Date: " + now.shortDate + "  " + now.shortTime + lineEnd +
-                       "File: " + dataFile.filename().string() + lineEnd + lineEnd);
+    piece.append("Date: ").append(now.shortDate).append("  ").append(now.shortTime);
+    piece.append(lineEnd).append("File: ").append(dataFile.filename().string());
+    piece.append(lineEnd).append(lineEnd);
+    host.appendResults(piece);
 
     const std::string rule = ruleLine() + lineEnd;
     host.appendResults(rule);
-    host.appendResults(fixedCell("Model", kHeadingWidth) + fixedCell(" BIC", kHeadingWidth) +
-                       fixedCell("Tovarin", kHeadingWidth) + fixedCell("prob*", kHeadingWidth) +
-                       fixedCell("BF**", kHeadingWidth) + lineEnd);
+    piece.clear();
+    for (const std::string_view heading : {"Model", " BIC", "Tovarin", "prob*", "BF**"}) {
+        appendFixedCell(piece, heading, kHeadingWidth);
+    }
+    piece += lineEnd;
+    host.appendResults(piece);
     host.appendResults(rule);
-    std::string piece;
-    piece.reserve(kPadLength + 32);
+    FormatBuffer number; // NOLINT: filled as far as it is used
     for (std::int64_t i = 1; i <= set.modelCount; ++i) {
-        appendRow(host, set.row(i), lineEnd, piece);
+        appendRow(host, set.row(i), lineEnd, piece, number);
     }
     host.appendResults(rule);
-    host.appendResults("* BIC posterior probability or Schwarz weight" + lineEnd);
-    host.appendResults("** Bayes Factor with best model compared to each candidate model" +
-                       lineEnd);
+    appendLine(host, piece, "* BIC posterior probability or Schwarz weight", lineEnd);
+    appendLine(host, piece, "** Bayes Factor with best model compared to each candidate model",
+               lineEnd);
     host.setResultsBold(kBoldStart, kBoldLength);
-    host.appendResults(lineEnd + kCreditLine + lineEnd + lineEnd + lineEnd);
+    piece.assign(lineEnd).append(kCreditLine);
+    piece.append(lineEnd).append(lineEnd).append(lineEnd);
+    host.appendResults(piece);
 }
 
 } // namespace tovarin

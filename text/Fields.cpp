@@ -21,11 +21,16 @@ std::string ReplaceAll(std::string_view source, std::string_view find,
 }
 
 std::string NthField(std::string_view source, std::string_view separator, std::int64_t number) {
+    return std::string(nthFieldView(source, separator, number));
+}
+
+std::string_view nthFieldView(std::string_view source, std::string_view separator,
+                              std::int64_t number) {
     if (number < 1) {
         return {};
     }
     if (separator.empty()) {
-        return number == 1 ? std::string(source) : std::string();
+        return number == 1 ? source : std::string_view();
     }
     std::size_t start = 0;
     for (std::int64_t field = 1; field < number; ++field) {
@@ -36,7 +41,7 @@ std::string NthField(std::string_view source, std::string_view separator, std::i
         start = hit + separator.size();
     }
     const std::size_t end = source.find(separator, start);
-    return std::string(source.substr(start, end == std::string_view::npos ? end : end - start));
+    return source.substr(start, end == std::string_view::npos ? end : end - start);
 }
 
 } // namespace tovarin

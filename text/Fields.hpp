@@ -16,4 +16,8 @@ std::string ReplaceAll(std::string_view source, std::string_view find,
 // the empty text. An empty separator leaves the whole text as field 1.
 std::string NthField(std::string_view source, std::string_view separator, std::int64_t number);
 
+// NthField without a copy: a view into `source`.
+std::string_view nthFieldView(std::string_view source, std::string_view separator,
+                              std::int64_t number);
+
 } // namespace tovarin

@@ -11,7 +11,7 @@ namespace tovarin {
 
 namespace {
 
-std::string formatNonFinite(double value, const NumberMask& shape) {
+std::string_view formatNonFinite(double value, const NumberMask& shape) {
     if (std::isnan(value)) {
         return "nan";
     }
@@ -22,6 +22,8 @@ std::string formatNonFinite(double value, const NumberMask& shape) {
 }
 
 constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
+constexpr std::uint64_t kWholePowersOfTen[] = {1,      10,      100,      1000,     10000,
+                                               100000, 1000000, 10000000, 100000000};
 constexpr int kFastMostDecimals = 8;
 
 // `magnitude` rounded to nearest at `decimals` places, as an integer count of
@@ -38,46 +40,47 @@ bool roundScaled(double magnitude, int decimals, std::uint64_t& units) {
     if (!(product < 0x1p52)) {
         return false;
     }
-    const double residual = std::fma(magnitude, scale, -product);
     // Below 2^52, adding and taking away 2^52 rounds to the nearest integer
     // (ties to even) in the default rounding mode, without a library call.
     const double nearest = (product + 0x1p52) - 0x1p52;
     const double offset = product - nearest; // exact: both lie within 0.5 of each other
     auto count = static_cast<std::uint64_t>(nearest);
-    if (offset == 0.5 && residual > 0) {
-        ++count;
-    } else if (offset == -0.5 && residual < 0) {
-        --count;
+    // Only a product that came out halfway needs the residual.
+    if (offset == 0.5 || offset == -0.5) {
+        const double residual = std::fma(magnitude, scale, -product);
+        if (offset == 0.5 && residual > 0) {
+            ++count;
+        } else if (offset == -0.5 && residual < 0) {
+            --count;
+        }
     }
     units = count;
     return true;
 }
 
-// Room in front of the digits for leading zeros, the mask's "0" places and
-// the sign; room behind for DBL_MAX in fixed notation with the most decimals.
+// Room in front of the digits for leading zeros, the mask's "0" places and the sign.
 constexpr std::size_t kLead = 64;
-using DigitBuffer = std::array<char, kLead + 320 + NumberMask::kMaxDecimals>;
 
 // The rounded magnitude in fixed notation with exactly `decimals` places,
 // written into `buffer` from kLead on.
-std::string_view roundedDigits(double magnitude, int decimals, DigitBuffer& buffer) {
+std::string_view roundedDigits(double magnitude, int decimals, FormatBuffer& buffer) {
     char* const start = buffer.data() + kLead;
+    char* const bufferEnd = buffer.data() + buffer.size();
     std::uint64_t units = 0;
     if (roundScaled(magnitude, decimals, units)) {
-        char* end = std::to_chars(start, buffer.data() + buffer.size(), units).ptr;
-        char* first = start;
-        while (end - first <= decimals) {
-            *--first = '0';
-        }
+        const std::uint64_t scale = kWholePowersOfTen[decimals];
+        char* end = std::to_chars(start, bufferEnd, units / scale).ptr;
         if (decimals > 0) {
-            std::copy_backward(end - decimals, end, end + 1);
-            *(end - decimals) = '.';
-            ++end;
+            // Written behind a leading 1, the fraction keeps its leading
+            // zeros; that 1 then becomes the point.
+            char* const point = end;
+            end = std::to_chars(point, bufferEnd, units % scale + scale).ptr;
+            *point = '.';
         }
-        return {first, static_cast<std::size_t>(end - first)};
+        return {start, static_cast<std::size_t>(end - start)};
     }
-    const auto result = std::to_chars(start, buffer.data() + buffer.size(), magnitude,
-                                      std::chars_format::fixed, decimals);
+    const auto result =
+        std::to_chars(start, bufferEnd, magnitude, std::chars_format::fixed, decimals);
     return {start, static_cast<std::size_t>(result.ptr - start)};
 }
 
@@ -88,11 +91,15 @@ std::string Format(double value, std::string_view mask) {
 }
 
 std::string Format(double value, const NumberMask& shape) {
+    FormatBuffer buffer; // NOLINT: filled as far as it is used
+    return std::string(formatTo(buffer, value, shape));
+}
+
+std::string_view formatTo(FormatBuffer& buffer, double value, const NumberMask& shape) {
     if (!std::isfinite(value)) {
         return formatNonFinite(value, shape);
     }
 
-    DigitBuffer buffer; // NOLINT: filled as far as it is used
     const std::string_view rounded = roundedDigits(std::fabs(value), shape.mostDecimals, buffer);
     char* first = buffer.data() + (rounded.data() - buffer.data());
     char* last = first + rounded.size();
@@ -118,7 +125,7 @@ std::string Format(double value, const NumberMask& shape) {
     } else if (shape.signPosition) {
         *--first = '+';
     }
-    return {first, last};
+    return {first, static_cast<std::size_t>(last - first)};
 }
 
 } // namespace tovarin

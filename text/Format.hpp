@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -78,5 +79,13 @@ inline constexpr NumberMask kBayesFactorNumberMask{kBayesFactorMask};
 // Throws std::invalid_argument for a mask outside the form above.
 std::string Format(double value, std::string_view mask);
 std::string Format(double value, const NumberMask& mask);
+
+// Room for any text Format makes: leading zeros, the mask's "0" places and the
+// sign in front, DBL_MAX in fixed notation with the most decimals behind.
+using FormatBuffer = std::array<char, 64 + 320 + NumberMask::kMaxDecimals>;
+
+// The same text written into `buffer`, for callers that format many numbers
+// without a string each. The view is valid while the buffer is.
+std::string_view formatTo(FormatBuffer& buffer, double value, const NumberMask& mask);
 
 } // namespace tovarin

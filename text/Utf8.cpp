@@ -1,5 +1,7 @@
 #include "text/Utf8.hpp"
 
+#include <algorithm>
+
 namespace tovarin {
 
 namespace {
@@ -8,11 +10,22 @@ bool isContinuation(unsigned char byte) {
     return (byte & 0xC0U) == 0x80U;
 }
 
-// Bytes counted from the front: an ASCII run needs no decoding.
+// The length of the ASCII run at the front of `text`: one character per byte,
+// nothing to decode.
+std::size_t asciiFront(std::string_view text) {
+    const auto nonAscii = std::find_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80U; });
+    return static_cast<std::size_t>(nonAscii - text.begin());
+}
+
+// The bytes of the first `count` characters (count >= 1); only the bytes
+// that may hold them are looked at.
 std::size_t leftBytes(std::string_view text, std::int64_t count) {
-    std::size_t pos = 0;
+    const std::size_t ascii = asciiFront(text.substr(0, static_cast<std::size_t>(count)));
+    std::size_t pos = ascii;
+    count -= static_cast<std::int64_t>(ascii);
     while (count > 0 && pos < text.size()) {
-        pos += static_cast<unsigned char>(text[pos]) < 0x80U ? 1 : utf8CharLength(text, pos);
+        pos += utf8CharLength(text, pos);
         --count;
     }
     return pos;
@@ -65,10 +78,10 @@ std::size_t utf8CharLength(std::string_view text, std::size_t pos) {
 }
 
 std::int64_t Len(std::string_view text) {
-    std::int64_t count = 0;
-    std::size_t pos = 0;
+    std::size_t pos = asciiFront(text);
+    auto count = static_cast<std::int64_t>(pos);
     while (pos < text.size()) {
-        pos += static_cast<unsigned char>(text[pos]) < 0x80U ? 1 : utf8CharLength(text, pos);
+        pos += utf8CharLength(text, pos);
         ++count;
     }
     return count;
