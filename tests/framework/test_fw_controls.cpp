@@ -3,9 +3,12 @@
 #include "framework/Controls.hpp"
 
 #include <QClipboard>
+#include <QDialog>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTimer>
+#include <QWindow>
 
 using namespace tovarin::fw;
 
@@ -174,27 +177,57 @@ void ControlsTest::editShortcutsNeverReachTheHandler() {
 
 void ControlsTest::pushButtonActsOnPress_data() {
     QTest::addColumn<bool>("takeOver");
-    QTest::newRow("handler declines") << false;
-    QTest::newRow("handler takes the press over") << true;
+    QTest::addColumn<bool>("runsModalDialog");
+    QTest::addColumn<bool>("downAfterPress");
+    QTest::addColumn<int>("clicks");
+    QTest::newRow("handler declines") << false << false << true << 1;
+    QTest::newRow("handler takes the press over") << true << false << false << 0;
+    // The file chooser: the user lets go of the mouse inside the dialog.
+    QTest::newRow("handler's modal dialog gets the release") << false << true << false << 0;
 }
 
 void ControlsTest::pushButtonActsOnPress() {
     QFETCH(bool, takeOver);
-    PushButton button;
-    button.resize(100, 50);
+    QFETCH(bool, runsModalDialog);
+    QFETCH(bool, downAfterPress);
+    QFETCH(int, clicks);
+    QWidget window;
+    window.resize(200, 100);
+    auto* button = new PushButton(&window);
+    button->setGeometry(10, 10, 100, 50);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    // Through the window, as the platform delivers them, so the application
+    // knows which mouse buttons are held.
+    QWindow* const handle = window.windowHandle();
+    const QPoint at(30, 20);
+    const QPoint inWindow = button->mapTo(&window, at);
+
     QPoint pressedAt(-1, -1);
-    int clicks = 0;
-    button.setMouseDownHandler([&](int x, int y) {
+    int clicked = 0;
+    button->setMouseDownHandler([&](int x, int y) {
         pressedAt = QPoint(x, y);
+        if (runsModalDialog) {
+            QDialog dialog;
+            dialog.resize(120, 120);
+            QTimer::singleShot(0, &dialog, [&] {
+                QTest::mouseRelease(dialog.windowHandle(), Qt::LeftButton, {}, QPoint(60, 60));
+                dialog.accept();
+            });
+            dialog.exec();
+        }
         return takeOver;
     });
-    QObject::connect(&button, &QPushButton::clicked, [&] { ++clicks; });
-    QTest::mousePress(&button, Qt::LeftButton, {}, QPoint(30, 20));
+    QObject::connect(button, &QPushButton::clicked, [&] { ++clicked; });
+
+    QTest::mousePress(handle, Qt::LeftButton, {}, inWindow);
     // The work is done at the press, before any release.
-    QCOMPARE(pressedAt, QPoint(30, 20));
-    QCOMPARE(button.isDown(), !takeOver);
-    QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(30, 20));
-    QCOMPARE(clicks, takeOver ? 0 : 1);
+    QCOMPARE(pressedAt, at);
+    QCOMPARE(button->isDown(), downAfterPress);
+    if (!runsModalDialog)
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, inWindow);
+    QCOMPARE(clicked, clicks);
+    QVERIFY(!button->isDown());
 }
 
 void ControlsTest::oneShotTimerFiresOnce() {
