@@ -109,6 +109,18 @@ TEST(ReadModels, EachLineGivesANameAndABic) {
     }
 }
 
+// A line from elsewhere than the line reader may hold the system line end,
+// which then separates fields like a tab.
+TEST(SplitDataLine, TheSystemLineEndSeparatesFields) {
+    for (const std::string& end : {std::string("\t"), std::string(","), systemLineEnd()}) {
+        std::string line = "Name" + end + "67.82" + end + "rest";
+        ModelRow row;
+        splitDataLine(line, row);
+        EXPECT_EQ(row.name, "Name");
+        EXPECT_EQ(row.bicText, "67.82");
+    }
+}
+
 TEST(ReadModels, ReadsExactlyCountLinesWhateverTheFileHolds) {
     const Rows three = {{"NCM", 67.82}, {"DUM", 74.15}, {"CXM", 72.03}};
     for (const char* bytes :

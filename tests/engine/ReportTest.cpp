@@ -38,13 +38,18 @@ TEST(Cells, ReplacementsLookAtThePrintedNumber) {
     constexpr double kInf = std::numeric_limits<double>::infinity();
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
     const std::pair<double, const char*> probabilities[] = {
-        {0, "<.0001"}, {0.00004, "<.0001"}, {0.00005, "0.0001"}, {0.0001, "0.0001"}, {kNaN, "nan"}};
+        {0, "<.0001"},         {0.00003999, "<.0001"}, {0.00004, "<.0001"},
+        {0.0000499, "<.0001"}, {0.00005, "0.0001"},    {0.0001, "0.0001"},
+        {-0.00006, "<.0001"},  {-kInf, "<.0001"},      {kNaN, "nan"}};
     for (const auto& [value, text] : probabilities) {
         EXPECT_EQ(probabilityText(value), text) << value;
     }
+    // clang-format off
     const std::pair<double, const char*> factors[] = {
-        {1, "1.0"},           {99999.0, "99999.0"}, {99999.004, "99999.0"}, {99999.006, ">99999"},
-        {99999.01, ">99999"}, {kInf, ">99999"},     {kNaN, "nan"}};
+        {1, "1.0"}, {-5, "-5.0"}, {99998.994, "99998.99"}, {99998.996, "99999.0"},
+        {99999.0, "99999.0"}, {99999.004, "99999.0"}, {99999.006, ">99999"}, {99999.01, ">99999"},
+        {kInf, ">99999"}, {-kInf, "-inf"}, {kNaN, "nan"}};
+    // clang-format on
     for (const auto& [value, text] : factors) {
         EXPECT_EQ(bayesFactorText(value), text) << value;
     }
