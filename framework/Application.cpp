@@ -2,6 +2,10 @@
 
 #include "framework/HandlerGuard.hpp"
 #include "framework/Platform.hpp"
+#include "framework/Window.hpp"
+
+#include <QList>
+#include <QPointer>
 
 #include <exception>
 
@@ -11,6 +15,20 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     // The program ends only by an explicit quit; hiding the splash before the
     // main window is up must not end the run.
     setQuitOnLastWindowClosed(false);
+}
+
+Application::~Application() {
+    // Nothing keeps a reference to a window (each use asks for the open
+    // instance), so the windows still open when the run ends, such as the
+    // hidden splash, are freed here while Qt can still take them down. Guarded
+    // pointers, since taking one window down may take another with it.
+    QList<QPointer<Window>> open;
+    for (QWidget* widget : topLevelWidgets()) {
+        if (auto* window = qobject_cast<Window*>(widget))
+            open.append(window);
+    }
+    for (const QPointer<Window>& window : open)
+        delete window.data();
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

@@ -12,6 +12,8 @@ class Application : public QApplication {
     Q_OBJECT
 public:
     Application(int& argc, char** argv);
+    // Takes down the windows that are still open, hidden ones included.
+    ~Application() override;
     bool notify(QObject* receiver, QEvent* event) override;
 
     // Version data of the application.
