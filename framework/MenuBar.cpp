@@ -117,35 +117,31 @@ MenuBar::MenuBar(QObject* parent) : QObject(parent) {
 }
 
 MenuBar::~MenuBar() {
-    // The menus are top-level widgets; they can only go while the application lives.
+    // The menus are top-level widgets; they can only go while the application
+    // lives. The items are this object's children and go with it.
     if (!QCoreApplication::instance())
         return;
-    for (QMenu* menu : menus_)
-        delete menu;
+    for (const Menu& menu : menus_)
+        delete menu.widget;
 }
 
-QMenu* MenuBar::addMenu(const QString& name, const QString& caption) {
-    auto* menu = new QMenu(caption);
-    menu->setObjectName(name);
-    menu->menuAction()->setObjectName(name);
-    connect(menu, &QMenu::aboutToShow, this, [this] { updateEnabled(); });
-    menus_.push_back(menu);
-    return menu;
+void MenuBar::addMenu(const QString& name, const QString& caption) {
+    menus_.push_back(Menu{name, caption, {}, nullptr});
 }
 
 QAction* MenuBar::addItem(const QString& menuName, const QString& name, const QString& caption,
                           const QKeySequence& shortcut, ItemKind kind) {
-    QMenu* owner = menu(menuName);
+    Menu* owner = findMenu(menuName);
     if (!owner) {
         qWarning("MenuBar: no menu named %s", qPrintable(menuName));
         return nullptr;
     }
-    QAction* action = nullptr;
+    auto* action = new QAction(this);
     if (kind == ItemKind::Separator || caption == u"-") {
-        action = owner->addSeparator();
+        action->setSeparator(true);
         kind = ItemKind::Separator;
     } else {
-        action = owner->addAction(caption);
+        action->setText(caption);
         // Some platforms bind no key to the standard Quit; the run must still
         // end with Ctrl+Q everywhere.
         action->setShortcut(kind == ItemKind::Quit && shortcut.isEmpty()
@@ -158,20 +154,42 @@ QAction* MenuBar::addItem(const QString& menuName, const QString& name, const QS
     }
     action->setObjectName(name);
     action->setProperty(kKindProperty, static_cast<int>(kind));
+    owner->items.push_back(action);
+    if (owner->widget)
+        owner->widget->addAction(action);
     items_.push_back(action);
     updateEnabled();
     return action;
 }
 
-QMenu* MenuBar::menu(const QString& name) const {
-    for (QMenu* menu : menus_) {
-        if (menu->objectName() == name)
-            return menu;
+MenuBar::Menu* MenuBar::findMenu(const QString& name) {
+    for (Menu& menu : menus_) {
+        if (menu.name == name)
+            return &menu;
     }
     return nullptr;
 }
 
-QAction* MenuBar::item(const QString& name) const {
+QMenu* MenuBar::widgetOf(Menu& menu) {
+    // Menu widgets cost fonts, style and native resources; the first window
+    // that shows the bar pays for them, not the start of the program.
+    if (!menu.widget) {
+        menu.widget = new QMenu(menu.caption);
+        menu.widget->setObjectName(menu.name);
+        menu.widget->menuAction()->setObjectName(menu.name);
+        for (QAction* action : menu.items)
+            menu.widget->addAction(action);
+        connect(menu.widget, &QMenu::aboutToShow, this, [this] { updateEnabled(); });
+    }
+    return menu.widget;
+}
+
+QMenu* MenuBar::menu(const QString& name) {
+    Menu* found = findMenu(name);
+    return found ? widgetOf(*found) : nullptr;
+}
+
+QAction* MenuBar::item(const QString& name) {
     for (QAction* action : items_) {
         if (action->objectName() == name)
             return action;
@@ -185,8 +203,8 @@ void MenuBar::installOn(Window& window) {
     auto* bar = new QMenuBar(&window);
     // Kept inside the window on every desktop, so the content size holds.
     bar->setNativeMenuBar(false);
-    for (QMenu* menu : menus_)
-        bar->addMenu(menu);
+    for (Menu& menu : menus_)
+        bar->addMenu(widgetOf(menu));
     window.setMenuBar(bar);
     window.fitToContent();
     updateEnabled();

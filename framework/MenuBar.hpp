@@ -18,10 +18,11 @@ class Window;
 enum class ItemKind { Plain, Quit, About, Separator };
 
 // One menu bar tree, built once and shown on every window that installs it.
-// Triggering an item runs the handler that the frontmost window registered
-// under the item's name; without one, the Edit items act on the focused text
-// control and the quit item quits. An item is enabled exactly when something
-// can act on it at that moment.
+// The tree is named actions; the menu widgets are made when a window first
+// installs the bar, so a program can start without them. Triggering an item runs the handler that
+// the frontmost window registered under the item's name; without one, the Edit items act on the
+// focused text control and the quit item quits. An item is enabled exactly when something can act
+// on it at that moment.
 class MenuBar : public QObject {
     Q_OBJECT
 public:
@@ -29,14 +30,16 @@ public:
     ~MenuBar() override;
 
     // Adds a menu to the bar. `caption` may hold "&" before the mnemonic.
-    QMenu* addMenu(const QString& name, const QString& caption);
+    void addMenu(const QString& name, const QString& caption);
     // Adds an item to the menu of that name. `shortcut` is a QKeySequence
     // (for example QKeySequence::Copy) or empty.
     QAction* addItem(const QString& menuName, const QString& name, const QString& caption,
                      const QKeySequence& shortcut = {}, ItemKind kind = ItemKind::Plain);
 
-    QMenu* menu(const QString& name) const;
-    QAction* item(const QString& name) const;
+    // The menu widget of that name, made now if no window has installed the bar yet.
+    QMenu* menu(const QString& name);
+    // The item of that name, or the action of the menu of that name.
+    QAction* item(const QString& name);
 
     // Shows this tree on the window: the same menus and items on every window.
     void installOn(Window& window);
@@ -47,10 +50,18 @@ public:
     void updateEnabled();
 
 private:
+    struct Menu {
+        QString name;
+        QString caption;
+        std::vector<QAction*> items;
+        QMenu* widget = nullptr;
+    };
+    Menu* findMenu(const QString& name);
+    QMenu* widgetOf(Menu& menu);
     void trigger(const QString& name);
     // Follows the focused text control, whose state enables the Edit items.
     void watchFocus(QWidget* focus);
-    std::vector<QMenu*> menus_;
+    std::vector<Menu> menus_;
     std::vector<QAction*> items_;
     std::vector<QMetaObject::Connection> focusConnections_;
 };

@@ -119,6 +119,8 @@ void StartupTest::lateStartupShowsTheSplashOnly() {
     QVERIFY(fw::openInstance<ControlWnd>() == nullptr);
     QCOMPARE(&splash(), about);
     QCOMPARE(countOpen("tovarin::AboutWnd"), 1);
+    // The menus are widgets of the main window's bar: none is made for the splash.
+    QCOMPARE(countOpen("QMenu"), 0);
 }
 
 void StartupTest::splashShowsIconAndCredit() {

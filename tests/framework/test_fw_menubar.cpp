@@ -6,6 +6,7 @@
 #include "framework/Window.hpp"
 
 #include <QClipboard>
+#include <QMenu>
 #include <QMenuBar>
 #include <QTimer>
 
@@ -258,9 +259,21 @@ void MenuBarTest::windowHandlerComesBeforeTheTextControl() {
 }
 
 void MenuBarTest::quitShortcutWorksWithoutAMenuBar() {
+    // A bar that no window has installed: a splash shown before the main
+    // window gets the quit key from the items alone, without menu widgets.
+    const auto menuWidgets = [] {
+        int count = 0;
+        for (QWidget* widget : QApplication::allWidgets())
+            count += qobject_cast<QMenu*>(widget) != nullptr;
+        return count;
+    };
+    const int before = menuWidgets();
+    MenuBar fresh;
+    buildBar(fresh);
     Window splash(200, 100);
-    bar_->installShortcutsOn(splash);
+    fresh.installShortcutsOn(splash);
     QVERIFY(splash.menuWidget() == nullptr);
+    QCOMPARE(menuWidgets(), before);
     activate(splash);
     QTimer::singleShot(0, &splash,
                        [&] { QTest::keyClick(&splash, Qt::Key_Q, Qt::ControlModifier); });
@@ -270,6 +283,7 @@ void MenuBarTest::quitShortcutWorksWithoutAMenuBar() {
     guard.start(10000); // a limit, not a wait: only reached if the shortcut fails
     QCOMPARE(QCoreApplication::exec(), 0);
     QVERIFY(guard.isActive());
+    QCOMPARE(menuWidgets(), before);
 }
 
 TOVARIN_FRAMEWORK_TEST_MAIN(MenuBarTest)
