@@ -9,6 +9,7 @@
 #include "ui/secondary/AboutWnd.hpp"
 
 #include <QElapsedTimer>
+#include <QFontMetrics>
 #include <QTimer>
 
 using namespace tovarin;
@@ -141,6 +142,12 @@ void StartupTest::splashShowsIconAndCredit() {
     QVERIFY(credit->alignment().testFlag(Qt::AlignHCenter));
     QCOMPARE(credit->geometry().top(), 297);
     QCOMPARE(credit->geometry().center().x(), QRect(98, 297, 258, 15).center().x());
+    // One whole line, whatever the platform's font: neither wrapped nor cut.
+    const QFontMetrics metrics(credit->font());
+    QVERIFY(!credit->wordWrap());
+    QVERIFY(metrics.horizontalAdvance(credit->text()) <= credit->contentsRect().width());
+    QVERIFY(metrics.height() <= credit->contentsRect().height());
+    QVERIFY(about.content()->rect().contains(credit->geometry()));
 
     auto* canvas = about.control<fw::Canvas>("Canvas2");
     QVERIFY(canvas);

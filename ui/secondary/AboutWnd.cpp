@@ -9,8 +9,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFontDatabase>
-#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -20,6 +18,10 @@ namespace tovarin {
 namespace {
 
 constexpr int kTimeoutMs = 4000;
+// Room kept free at the window's sides, and the height of one line of the
+// credit at 9 points with room for large-type screen settings.
+constexpr int kCreditMargin = 4;
+constexpr int kCreditLineHeight = 24;
 
 } // namespace
 
@@ -72,18 +74,21 @@ void AboutWnd::CreateControls() {
 
 void AboutWnd::StaticText2_Open() {
     auto* credit = control<fw::Label>(QStringLiteral("StaticText2"));
-    // "System" is the platform's user interface font.
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    // "System" is the platform's user interface font, which a control has
+    // unless told otherwise.
+    QFont font = credit->font();
     font.setBold(false);
     font.setPointSizeF(9);
     credit->setFont(font);
-    // Fonts here run wider than the label was drawn for; widen it about its
-    // centre rather than wrap or cut the credit.
-    const QFontMetrics metrics(font);
+    // Fonts here run wider than the label was drawn for. Rather than wrap or
+    // cut the credit, the label spans the window about its own centre, and is
+    // tall enough for a line at 9 points: measuring the text here would load
+    // the fonts before the window is on screen.
     const QRect box = credit->geometry();
-    const int width = std::max(box.width(), metrics.horizontalAdvance(credit->text()) + 4);
-    const int height = std::max(box.height(), metrics.height());
-    credit->setGeometry(box.center().x() + 1 - width / 2, box.top(), width, height);
+    const int halfWidth =
+        std::min(box.center().x() - kCreditMargin, width() - kCreditMargin - 1 - box.center().x());
+    credit->setGeometry(box.center().x() - halfWidth, box.top(), 2 * halfWidth + 1,
+                        std::max(box.height(), kCreditLineHeight));
 }
 
 void AboutWnd::Timer1_Action() {
