@@ -83,6 +83,9 @@ public:
     explicit Label(QWidget* parent = nullptr);
 };
 
+// Gives a picture when asked; a null picture when there is none.
+using PictureSource = std::function<QPixmap()>;
+
 // A plain area that shows a backdrop picture with its top left corner at the
 // canvas's top left corner. A null picture shows nothing.
 class Canvas : public QWidget {
@@ -90,13 +93,18 @@ class Canvas : public QWidget {
 public:
     explicit Canvas(QWidget* parent = nullptr);
     void setBackdrop(const QPixmap& picture);
-    const QPixmap& backdrop() const { return backdrop_; }
+    // The backdrop is what `source` gives, asked once: when the canvas is first
+    // painted, or its backdrop first asked for. Reading and decoding a picture
+    // then waits until the window is on screen, and the first frame shows it.
+    void setBackdropSource(PictureSource source);
+    const QPixmap& backdrop() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QPixmap backdrop_;
+    mutable PictureSource source_;
+    mutable QPixmap backdrop_;
 };
 
 // A timer that fires once, `periodMs` after it is made, and is owned by its window.

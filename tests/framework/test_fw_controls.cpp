@@ -48,6 +48,8 @@ private slots:
     void pushButtonActsOnPress_data();
     void pushButtonActsOnPress();
     void oneShotTimerFiresOnce();
+    void canvasAsksItsPictureSourceOnceAtFirstPaint_data();
+    void canvasAsksItsPictureSourceOnceAtFirstPaint();
 };
 
 void ControlsTest::appendPlainStartsLinesAtEveryLineEnd_data() {
@@ -239,6 +241,42 @@ void ControlsTest::oneShotTimerFiresOnce() {
     QTRY_COMPARE(fired, 1);
     QVERIFY(!timer->isActive());
     QCOMPARE(timer->interval(), 20);
+}
+
+void ControlsTest::canvasAsksItsPictureSourceOnceAtFirstPaint_data() {
+    QTest::addColumn<bool>("hasPicture");
+    QTest::newRow("picture") << true;
+    QTest::newRow("no picture") << false;
+}
+
+void ControlsTest::canvasAsksItsPictureSourceOnceAtFirstPaint() {
+    QFETCH(bool, hasPicture);
+    QPixmap picture(8, 8);
+    picture.fill(Qt::red);
+    int asked = 0;
+    Canvas canvas;
+    canvas.resize(16, 16);
+    canvas.setBackdropSource([&] {
+        ++asked;
+        return hasPicture ? picture : QPixmap();
+    });
+    QCOMPARE(asked, 0);
+    // The first frame already shows the picture.
+    QImage frame = canvas.grab().toImage();
+    QCOMPARE(asked, 1);
+    QCOMPARE(frame.pixelColor(2, 2) == QColor(Qt::red), hasPicture);
+    QCOMPARE(frame.pixelColor(12, 12) == QColor(Qt::red), false);
+    frame = canvas.grab().toImage();
+    QCOMPARE(canvas.backdrop().isNull(), !hasPicture);
+    QCOMPARE(asked, 1);
+    // A picture set directly replaces the source, which is then never asked.
+    canvas.setBackdropSource([&] {
+        ++asked;
+        return picture;
+    });
+    canvas.setBackdrop(QPixmap());
+    canvas.grab();
+    QCOMPARE(asked, 1);
 }
 
 TOVARIN_FRAMEWORK_TEST_MAIN(ControlsTest)

@@ -60,7 +60,9 @@ void AboutWnd::CreateControls() {
 
     auto* canvas = new fw::Canvas(content());
     canvas->setObjectName(QStringLiteral("Canvas2"));
-    canvas->setBackdrop(Icon256());
+    // Icon256 is read when the canvas is first painted, in the window's first
+    // frame: decoding it first would hold the window back from the screen.
+    canvas->setBackdropSource(&Icon256);
     canvas->setGeometry(96, 37, 258, 258);
 
     // Presses over the controls are presses on the window.
