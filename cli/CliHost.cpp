@@ -1,7 +1,6 @@
 #include "cli/CliHost.hpp"
 
-#include <array>
-#include <ctime>
+#include "engine/LocalDateTime.hpp"
 
 namespace tovarin {
 
@@ -12,16 +11,9 @@ void CliHost::showMessage(const std::string& text) {
     }
 }
 
-// The short forms of the C library's current locale: main() adopts the
-// user's locale, so %x is the locale's short date.
+// main() adopts the user's locale, whose short forms date the report.
 DateTimeText CliHost::currentDateTime() {
-    const std::time_t now = std::time(nullptr);
-    const std::tm local = *std::localtime(&now);
-    std::array<char, 128> date{};
-    std::array<char, 64> time{};
-    const std::size_t dateLength = std::strftime(date.data(), date.size(), "%x", &local);
-    const std::size_t timeLength = std::strftime(time.data(), time.size(), "%H:%M", &local);
-    return {std::string(date.data(), dateLength), std::string(time.data(), timeLength)};
+    return currentLocalDateTime();
 }
 
 } // namespace tovarin

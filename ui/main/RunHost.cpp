@@ -1,11 +1,10 @@
 #include "ui/main/RunHost.hpp"
 
+#include "engine/LocalDateTime.hpp"
 #include "framework/Platform.hpp"
 #include "ui/main/ControlWnd.hpp"
 
-#include <QDateTime>
 #include <QFile>
-#include <QLocale>
 
 namespace tovarin {
 
@@ -82,11 +81,11 @@ void RunHost::setResultsBold(std::int64_t start, std::int64_t length) {
     window_.ResultsFld()->setBold(start, length);
 }
 
+// The same forms as the command-line tool, from the C library's locale, which
+// QApplication set from the user's environment: the same file gives the same
+// report in both.
 DateTimeText RunHost::currentDateTime() {
-    const QLocale locale = QLocale::system();
-    const QDateTime now = QDateTime::currentDateTime();
-    return {toUtf8(locale.toString(now.date(), QLocale::ShortFormat)),
-            toUtf8(locale.toString(now.time(), QLocale::ShortFormat))};
+    return currentLocalDateTime();
 }
 
 } // namespace tovarin
