@@ -11,71 +11,31 @@ using namespace tovarin;
 namespace {
 
 // The keys each field lets through, written out as a person reads them.
-const QString kCountPrintable = QStringLiteral("0123456789");
-const QString kResultsPrintable = QStringLiteral(
-    " .0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_`abcdefghijklmnopqrstuvwxyz");
-const QList<int> kCountKeys = {8, 9, 28, 29, 127};
-const QList<int> kResultsKeys = {8, 9, 13, 127};
-
-bool printable(int code) {
-    return code >= 32 && code < 127;
-}
-
 bool countAccepts(int code) {
-    return kCountKeys.contains(code) || (printable(code) && kCountPrintable.contains(QChar(code)));
+    return QList<int>{8, 9, 28, 29, 127}.contains(code) || (code >= '0' && code <= '9');
 }
 
 bool resultsAccepts(int code) {
-    return kResultsKeys.contains(code) ||
-           (printable(code) && kResultsPrintable.contains(QChar(code)));
+    static const QString printable = QStringLiteral(
+        " .0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_`abcdefghijklmnopqrstuvwxyz");
+    return QList<int>{8, 9, 13, 127}.contains(code) ||
+           (code >= 32 && code < 127 && printable.contains(QChar(code)));
 }
 
-struct Key {
-    Qt::Key key;
-    QString text;
-};
-
-// The key event a keyboard gives for a code.
-Key keyFor(int code) {
-    switch (code) {
-    case 8:
-        return {Qt::Key_Backspace, QStringLiteral("\b")};
-    case 9:
-        return {Qt::Key_Tab, QStringLiteral("\t")};
-    case 13:
-        return {Qt::Key_Return, QStringLiteral("\r")};
-    case 28:
-        return {Qt::Key_Left, {}};
-    case 29:
-        return {Qt::Key_Right, {}};
-    case 30:
-        return {Qt::Key_Up, {}};
-    case 31:
-        return {Qt::Key_Down, {}};
-    case 127:
-        return {Qt::Key_Delete, {}};
-    default:
-        break;
-    }
-    if (printable(code))
-        return {Qt::Key(QChar(code).toUpper().unicode()), QString(QChar(code))};
-    if (code < 32)
-        return {Qt::Key_Escape, QString(QChar(code))};
-    return {Qt::Key(QChar(code).toUpper().unicode()), QString(QChar(code))};
+bool typesItself(int code) {
+    return code >= 32 && code != 127;
 }
 
+// Presses and releases the key a keyboard gives for a code.
 void press(QWidget* control, int code) {
-    const Key key = keyFor(code);
-    QTest::sendKeyEvent(QTest::Press, control, key.key, key.text, Qt::NoModifier);
-    QTest::sendKeyEvent(QTest::Release, control, key.key, key.text, Qt::NoModifier);
-}
-
-void addCodeRows() {
-    QTest::addColumn<int>("code");
-    for (int code = 0; code <= 130; ++code)
-        QTest::addRow("%d", code) << code;
-    QTest::addRow("e acute") << 0xE9;
-    QTest::addRow("cyrillic zhe") << 0x416;
+    static const QHash<int, Qt::Key> named = {
+        {8, Qt::Key_Backspace}, {9, Qt::Key_Tab}, {13, Qt::Key_Return}, {28, Qt::Key_Left},
+        {29, Qt::Key_Right},    {30, Qt::Key_Up}, {31, Qt::Key_Down},   {127, Qt::Key_Delete}};
+    const Qt::Key key =
+        named.value(code, code < 32 ? Qt::Key_Escape : Qt::Key(QChar(code).toUpper().unicode()));
+    const QString text = (code < 28 || typesItself(code)) ? QString(QChar(code)) : QString();
+    QTest::sendKeyEvent(QTest::Press, control, key, text, Qt::NoModifier);
+    QTest::sendKeyEvent(QTest::Release, control, key, text, Qt::NoModifier);
 }
 
 } // namespace
@@ -104,93 +64,84 @@ private slots:
         window().pFld()->setFocus();
     }
 
-    void countField_data() { addCodeRows(); }
-    void countField() {
-        QFETCH(int, code);
-        showReport(QStringLiteral("an earlier report"));
-        press(window().pFld(), code);
-
-        const bool accepted = countAccepts(code);
-        QCOMPARE(platform_.beeps, accepted ? 0 : 1);
-        // Any key at all drops the report, and the area stays on show, blank.
-        QCOMPARE(window().ResultsFld()->toPlainText(), QString());
-        QVERIFY(window().ResultsFld()->isVisible());
-        const QString typed = accepted && printable(code) ? QString(QChar(code)) : QString();
-        QCOMPARE(window().pFld()->text(), typed);
-        QCOMPARE(QApplication::focusWidget(), window().pFld());
+    // Every code in either field. Refused ones beep and change nothing; any key
+    // at all in the count field drops the report while the area stays on show.
+    void keyFilters_data() {
+        QTest::addColumn<bool>("countField");
+        QTest::addColumn<int>("code");
+        for (const bool countField : {true, false}) {
+            const char* field = countField ? "pFld" : "ResultsFld";
+            for (int code = 0; code <= 130; ++code)
+                QTest::addRow("%s %d", field, code) << countField << code;
+            QTest::addRow("%s e acute", field) << countField << 0xE9;
+            QTest::addRow("%s cyrillic zhe", field) << countField << 0x416;
+        }
     }
-
-    void resultsField_data() { addCodeRows(); }
-    void resultsField() {
+    void keyFilters() {
+        QFETCH(bool, countField);
         QFETCH(int, code);
         showReport(QStringLiteral("xy"));
         fw::TextArea& results = *window().ResultsFld();
-        results.setFocus();
+        QWidget* field = countField ? static_cast<QWidget*>(window().pFld()) : &results;
+        field->setFocus();
         QTextCursor cursor = results.textCursor();
         cursor.setPosition(1);
         results.setTextCursor(cursor);
 
-        press(&results, code);
+        press(field, code);
 
-        const bool accepted = resultsAccepts(code);
+        const bool accepted = countField ? countAccepts(code) : resultsAccepts(code);
         QCOMPARE(platform_.beeps, accepted ? 0 : 1);
-        QVERIFY(!results.toPlainText().contains(u'\t'));
-        if (!accepted) {
-            QCOMPARE(results.toPlainText(), QStringLiteral("xy"));
-            QCOMPARE(results.textCursor().position(), 1);
-        } else if (printable(code)) {
-            QCOMPARE(results.toPlainText(), QStringLiteral("x") + QChar(code) + u'y');
+        const QString typed = accepted && typesItself(code) ? QString(QChar(code)) : QString();
+        // Tab types nothing and leads to the count field, the one tab stop.
+        QCOMPARE(QApplication::focusWidget(),
+                 countField || (accepted && code == 9) ? window().pFld() : field);
+        QVERIFY(results.isVisible());
+        if (countField) {
+            QCOMPARE(window().pFld()->text(), typed);
+            QCOMPARE(results.toPlainText(), QString());
+            QCOMPARE(platform_.choices, 0); // Return starts no run
+            return;
         }
+        const QHash<int, QString> edits = {{8, "y"}, {13, "x\ny"}, {127, "x"}};
+        QCOMPARE(results.toPlainText(), accepted && edits.contains(code)
+                                            ? edits[code]
+                                            : QStringLiteral("x") + typed + u'y');
+        if (!accepted)
+            QCOMPARE(results.textCursor().position(), 1);
     }
 
-    // Tab types nothing and leads to the count field, the one tab stop.
-    void tabGoesToCountField_data() {
-        QTest::addColumn<QString>("from");
-        QTest::newRow("count field") << "pFld";
-        QTest::newRow("results area") << "ResultsFld";
-    }
-    void tabGoesToCountField() {
-        QFETCH(QString, from);
-        showReport(QStringLiteral("report"));
-        QWidget* start = window().control<QWidget>(from);
-        start->setFocus();
-        QTest::keyClick(start, Qt::Key_Tab);
-        QCOMPARE(QApplication::focusWidget(), window().pFld());
-        QCOMPARE(window().pFld()->text(), QString());
-        QCOMPARE(platform_.beeps, 0);
-    }
-
-    void thirdDigitRefusedByTheField() {
-        window().pFld()->setText(QStringLiteral("12"));
-        showReport(QStringLiteral("report"));
-        press(window().pFld(), '3');
-        QCOMPARE(platform_.beeps, 0);
-        QCOMPARE(window().pFld()->text(), QStringLiteral("12"));
-        QCOMPARE(window().ResultsFld()->toPlainText(), QString());
-    }
-
-    // A paste is no key: it passes no filter and leaves the report alone.
-    void pasteIntoCountField_data() {
-        QTest::addColumn<QString>("clipboard");
-        QTest::addColumn<bool>("byShortcut");
+    // The field takes two digits at most; a paste is no key, so it passes no
+    // filter and leaves the report alone.
+    void countFieldLimits_data() {
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<QString>("pasted"); // empty: the key '3' instead
         QTest::addColumn<QString>("expected");
-        QTest::newRow("digits, menu") << "123" << false << "12";
-        QTest::newRow("digits, shortcut") << "123" << true << "12";
-        QTest::newRow("letters, menu") << "ab" << false << "";
-        QTest::newRow("letters, shortcut") << "ab" << true << "";
+        QTest::newRow("third digit") << "12"
+                                     << ""
+                                     << "12";
+        QTest::newRow("paste digits") << ""
+                                      << "123"
+                                      << "12";
+        QTest::newRow("paste letters") << ""
+                                       << "ab"
+                                       << "";
     }
-    void pasteIntoCountField() {
-        QFETCH(QString, clipboard);
-        QFETCH(bool, byShortcut);
+    void countFieldLimits() {
+        QFETCH(QString, start);
+        QFETCH(QString, pasted);
         QFETCH(QString, expected);
+        window().pFld()->setText(start);
         showReport(QStringLiteral("report"));
-        QGuiApplication::clipboard()->setText(clipboard);
-        if (byShortcut)
-            QTest::keyClick(window().pFld(), Qt::Key_V, Qt::ControlModifier);
-        else
+        if (pasted.isEmpty()) {
+            press(window().pFld(), '3');
+        } else {
+            QGuiApplication::clipboard()->setText(pasted);
             MenuBar1().item(QStringLiteral("EditPaste"))->trigger();
+        }
         QCOMPARE(window().pFld()->text(), expected);
-        QCOMPARE(window().ResultsFld()->toPlainText(), QStringLiteral("report"));
+        QCOMPARE(window().ResultsFld()->toPlainText(),
+                 pasted.isEmpty() ? QString() : QStringLiteral("report"));
         QCOMPARE(platform_.beeps, 0);
     }
 };
