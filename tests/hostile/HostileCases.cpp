@@ -3,6 +3,7 @@
 #include "engine/Messages.hpp"
 
 #include <fstream>
+#include <random>
 #include <sys/stat.h>
 #include <system_error>
 
@@ -12,70 +13,62 @@ namespace fs = std::filesystem;
 
 namespace {
 
-fs::path write(const fs::path& folder, const std::string& name, const std::string& bytes) {
-    const fs::path file = folder / name;
+fs::path write(const fs::path& file, const std::string& bytes) {
     std::ofstream out(file, std::ios::binary | std::ios::trunc);
     out << bytes;
     out.close();
-    if (!out) {
+    if (!out)
         throw std::system_error(errno, std::generic_category(), "writing " + file.string());
-    }
     return file;
 }
 
-std::function<fs::path(const fs::path&)> content(std::string name, std::string bytes) {
+MakeFile content(std::string name, std::string bytes) {
     return [name = std::move(name), bytes = std::move(bytes)](const fs::path& folder) {
-        return write(folder, name, bytes);
+        return write(folder / name, bytes);
     };
 }
 
 std::string repeated(std::string_view piece, std::size_t times) {
     std::string text;
-    text.reserve(piece.size() * times);
-    for (std::size_t i = 0; i < times; ++i) {
+    for (std::size_t i = 0; i < times; ++i)
         text += piece;
-    }
-    return text;
-}
-
-// Every byte value in order, four times: control bytes, both line ends,
-// separators, and bytes that are no UTF-8.
-std::string binaryBytes() {
-    std::string bytes;
-    for (int round = 0; round < 4; ++round) {
-        for (int byte = 0; byte < 256; ++byte) {
-            bytes += static_cast<char>(byte);
-        }
-    }
-    return bytes;
-}
-
-std::string tenThousandLines() {
-    std::string text;
-    for (int i = 1; i <= 10000; ++i) {
-        text += "Model" + std::to_string(i) + "\t" + std::to_string(1000 + i) + "\n";
-    }
     return text;
 }
 
 std::vector<HostileCase> makeCases() {
     const std::string zero = kZeroBicMessage;
-    const std::string noLow = kNoLowBicMessage;
     std::vector<HostileCase> cases;
-    auto report = [&cases](std::string name, std::string count, std::string file, std::string bytes,
-                           std::vector<std::string> messages, std::vector<std::string> has) {
-        cases.push_back({std::move(name),
-                         std::move(count),
-                         content(std::move(file), std::move(bytes)),
-                         Outcome::Report,
-                         std::move(messages),
-                         {},
-                         std::move(has)});
+    const auto add = [&cases](std::string name, std::string count, MakeFile make,
+                              Outcome outcome) -> HostileCase& {
+        return cases.emplace_back(
+            HostileCase{std::move(name), std::move(count), std::move(make), outcome, {}, {}, {}});
     };
+    const auto report = [&add](std::string name, std::string count, std::string file,
+                               std::string bytes, std::vector<std::string> messages,
+                               std::vector<std::string> has) {
+        HostileCase& added = add(std::move(name), std::move(count),
+                                 content(std::move(file), std::move(bytes)), Outcome::Report);
+        added.messages = std::move(messages);
+        added.reportHas = std::move(has);
+    };
+    const auto refused = [&add](std::string name, MakeFile make, std::string reason,
+                                bool asOrdinaryUser = false) {
+        HostileCase& added = add(std::move(name), "2", std::move(make), Outcome::FileError);
+        added.reason = std::move(reason);
+        added.asOrdinaryUser = asOrdinaryUser;
+    };
+    // Every byte value in order, four times: control bytes, both line ends,
+    // separators, and bytes that are no UTF-8.
+    std::string binary;
+    for (int i = 0; i < 4 * 256; ++i)
+        binary += static_cast<char>(i % 256);
+    std::string manyLines;
+    for (int i = 1; i <= 10000; ++i)
+        manyLines += "Model" + std::to_string(i) + "\t" + std::to_string(1000 + i) + "\n";
 
     // Nothing in the file: every model has an empty name and a BIC of 0.
     report("empty file", "3", "empty.txt", "", {zero}, {"+0.0"});
-    report("binary file", "5", "binary.dat", binaryBytes(), {zero}, {"+0.0"});
+    report("binary file", "5", "binary.dat", binary, {zero}, {"+0.0"});
     report("NUL bytes", "3", "nul.txt", std::string("Al\0pha\t10\n\0\0\t20\nGamma\t30\0x\n", 26),
            {}, {"Gamma", "+10.0", "+20.0", "+30.0"});
     report("invalid UTF-8", "3", "latin1.txt",
@@ -111,67 +104,42 @@ std::vector<HostileCase> makeCases() {
     report("names of 10,000 characters", "2", "long-names.txt",
            std::string(10000, 'N') + "\t10\n" + repeated("é", 10000) + "\t20\n", {},
            {"NNNNNNNN ", "éééééééé ", "+10.0", "+20.0"});
-    report("10,000 lines", "99", "many-lines.txt", tenThousandLines(), {},
+    report("10,000 lines", "99", "many-lines.txt", manyLines, {},
            {"Model1 ", "Model99 ", "+1099.0"});
 
-    cases.push_back({"1e400 everywhere",
-                     "2",
-                     content("all-overflow.txt", "A\t1e400\nB\t1e400\n"),
-                     Outcome::NoLowBic,
-                     {noLow},
-                     {},
-                     {}});
+    add("1e400 everywhere", "2", content("all-overflow.txt", "A\t1e400\nB\t1e400\n"),
+        Outcome::NoLowBic)
+        .messages = {kNoLowBicMessage};
+    add(
+        "missing file", "2", [](const fs::path& folder) { return folder / "no-such-file.txt"; },
+        Outcome::Missing);
     // A device that never ends a line: the line-length limit stops it.
-    cases.push_back({"endless line",
-                     "2",
-                     [](const fs::path&) { return fs::path("/dev/zero"); },
-                     Outcome::FileError,
-                     {},
-                     "longer than",
-                     {}});
-    cases.push_back({"directory",
-                     "2",
-                     [](const fs::path& folder) {
-                         fs::create_directories(folder / "a folder");
-                         return folder / "a folder";
-                     },
-                     Outcome::FileError,
-                     {},
-                     "Is a directory",
-                     {}});
-    cases.push_back({"missing file",
-                     "2",
-                     [](const fs::path& folder) { return folder / "no-such-file.txt"; },
-                     Outcome::Missing,
-                     {},
-                     {},
-                     {}});
+    refused(
+        "endless line", [](const fs::path&) { return fs::path("/dev/zero"); }, "longer than");
+    refused(
+        "directory",
+        [](const fs::path& folder) {
+            fs::create_directories(folder / "a folder");
+            return folder / "a folder";
+        },
+        "Is a directory");
     // Opening a pipe that nothing writes to would wait for ever.
-    cases.push_back({"named pipe",
-                     "2",
-                     [](const fs::path& folder) {
-                         const fs::path pipe = folder / "pipe";
-                         if (::mkfifo(pipe.c_str(), 0644) != 0) {
-                             throw std::system_error(errno, std::generic_category(), "mkfifo");
-                         }
-                         return pipe;
-                     },
-                     Outcome::FileError,
-                     {},
-                     "named pipe",
-                     {}});
-    cases.push_back({"no read permission",
-                     "2",
-                     [](const fs::path& folder) {
-                         const fs::path file = write(folder, "locked.txt", "A\t1\nB\t2\n");
-                         fs::permissions(file, fs::perms::owner_write);
-                         return file;
-                     },
-                     Outcome::FileError,
-                     {},
-                     "Permission denied",
-                     {},
-                     true});
+    refused(
+        "named pipe",
+        [](const fs::path& folder) {
+            if (::mkfifo((folder / "pipe").c_str(), 0644) != 0)
+                throw std::system_error(errno, std::generic_category(), "mkfifo");
+            return folder / "pipe";
+        },
+        "named pipe");
+    refused(
+        "no read permission",
+        [](const fs::path& folder) {
+            const fs::path file = write(folder / "locked.txt", "A\t1\nB\t2\n");
+            fs::permissions(file, fs::perms::owner_write);
+            return file;
+        },
+        "Permission denied", true);
     return cases;
 }
 
@@ -183,28 +151,33 @@ const std::vector<HostileCase>& hostileCases() {
 }
 
 int reportRowCount(std::string_view text) {
-    // A rule line is 63 en dashes.
+    // A rule line is 63 en dashes. Each report has three: above and below
+    // the heading, and below the rows.
     const std::string rule = repeated("–", 63);
-    std::size_t lineStart = 0;
+    std::vector<int> rules;
     int line = 0;
-    std::vector<int> ruleLines;
-    while (lineStart <= text.size()) {
-        std::size_t end = text.find('\n', lineStart);
-        if (end == std::string_view::npos) {
-            end = text.size();
-        }
-        if (text.substr(lineStart, end - lineStart) == rule) {
-            ruleLines.push_back(line);
-        }
-        ++line;
-        lineStart = end + 1;
+    for (std::size_t start = 0; start <= text.size(); ++line) {
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        if (text.substr(start, end - start) == rule)
+            rules.push_back(line);
+        start = end + 1;
     }
-    // Each report has three rules: above and below the heading, below the rows.
-    if (ruleLines.empty() || ruleLines.size() % 3 != 0) {
+    if (rules.empty() || rules.size() % 3 != 0)
         return -1;
-    }
-    const std::size_t last = ruleLines.size() - 3;
-    return ruleLines[last + 2] - ruleLines[last + 1] - 1;
+    return rules[rules.size() - 1] - rules[rules.size() - 2] - 1;
+}
+
+HostileFolder::HostileFolder() {
+    std::random_device seed;
+    path_ = fs::temp_directory_path() /
+            ("tovarin-hostile-" + std::to_string(seed()) + std::to_string(seed()));
+    fs::create_directories(path_);
+    fs::permissions(path_, fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
+}
+
+HostileFolder::~HostileFolder() {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
 }
 
 } // namespace tovarin::test
