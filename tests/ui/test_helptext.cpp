@@ -91,11 +91,15 @@ INSTANTIATE_TEST_SUITE_P(
         Line{31, "\tModel\tBIC\t\tProb"}, Line{32, "\tNCM\t67.82\t.86"},
         Line{33, "\tDUM\t74.15\t.04"}, Line{34, "\tCXM\t72.03\t.10"},
         Line{36, kOutputRule},
-        Line{37, "Model                BIC                Tovarin                prob*               BF**                "},
+        Line{37, "Model                BIC                Tovarin                prob*  "
+                  "             BF**                "},
         Line{38, kOutputRule},
-        Line{39, "NCM              +67.82             0.00                 0.8591           1.0                 "},
-        Line{40, "DUM              +74.15             6.33                 0.0363           23.69               "},
-        Line{41, "CXM              +72.03             4.21                 0.1047            8.21                "},
+        Line{39, "NCM              +67.82             0.00                 0.8591       "
+                  "    1.0                 "},
+        Line{40, "DUM              +74.15             6.33                 0.0363       "
+                  "    23.69               "},
+        Line{41, "CXM              +72.03             4.21                 0.1047       "
+                  "     8.21                "},
         Line{42, kOutputRule}, Line{43, "* BIC posterior probability or Schwarz weight"},
         Line{44, "** Bayes Factor with best model compared to each candidate models"},
         Line{50, "     " + repeat("\u2022", 62)}, Line{82, repeat("\u2013", 80)}));

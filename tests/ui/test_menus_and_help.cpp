@@ -1,14 +1,17 @@
-// The shared menu bar: its tree, which items each window enables, and the
-// road of a report out through Select All and Copy.
+// The shared menu bar (its tree, which items each window enables, the road of
+// a report out through Select All and Copy) and the Information window.
 #include "UiTestMain.hpp"
 #include "WindowFixture.hpp"
 
 #include "ui/main/MenuBar1.hpp"
 #include "ui/secondary/AboutWnd.hpp"
+#include "ui/secondary/HelpText.hpp"
 #include "ui/secondary/helpWnd.hpp"
 
 #include <QClipboard>
 #include <QMenuBar>
+#include <QPointer>
+#include <QSignalSpy>
 #include <QTimer>
 
 using namespace tovarin;
@@ -23,10 +26,27 @@ QString describe(const QList<QAction*>& actions) {
         out.append(a->isSeparator() ? QStringLiteral("-")
                                     : a->objectName() + u'=' + a->text() +
                                           (keys.isEmpty() ? QString() : u'[' + keys + u']'));
-        if (!a->isVisible())
-            out.last() += QStringLiteral("(hidden)");
     }
     return out.join(QStringLiteral(" | "));
+}
+
+// What the area must show right after opening: the manual, then the literal.
+QString expectedText() {
+    const auto text = helpText();
+    return QString::fromUtf8(text.data(), qsizetype(text.size())).replace(u'\r', u'\n') +
+           QStringLiteral("Error message");
+}
+
+QString shownText() {
+    return fw::instance<helpWnd>().EditField1()->toPlainText();
+}
+
+// Closes the open Information window and waits until it is really gone.
+bool closeHelp() {
+    QPointer<helpWnd> help = fw::openInstance<helpWnd>();
+    if (help)
+        help->close();
+    return QTest::qWaitFor([&] { return help.isNull(); });
 }
 
 } // namespace
@@ -41,8 +61,7 @@ class MenuBarTest : public QObject {
 private slots:
     void init() {
         platform_.install();
-        if (auto* help = fw::openInstance<helpWnd>())
-            delete help;
+        QVERIFY(closeHelp());
         testing::freshControlWnd();
         QGuiApplication::clipboard()->clear();
     }
@@ -126,27 +145,94 @@ private slots:
                  QStringLiteral("Date: today\nFile: x.txt\n\nModel\n"));
     }
 
-    // Quitting, by the menu or by closing the main window, ends the run with 0
-    // whatever else is open.
-    void quitEndsTheRunWithZero_data() {
-        QTest::addColumn<bool>("byClose");
-        QTest::newRow("Quit item") << false;
-        QTest::newRow("closing the window, help open") << true;
+    // Each opening shows the text afresh, the literal once, the title alone bold.
+    void opensWithManualAndLiteralOnce_data() {
+        QTest::addColumn<int>("reopenings");
+        QTest::newRow("first open") << 0;
+        QTest::newRow("after three reopenings") << 3;
     }
-    void quitEndsTheRunWithZero() {
-        QFETCH(bool, byClose);
-        if (byClose)
-            MenuBar1().item(QStringLiteral("InfoItem"))->trigger();
-        QTimer::singleShot(0, &window(), [byClose] {
-            if (byClose)
+    void opensWithManualAndLiteralOnce() {
+        QFETCH(int, reopenings);
+        for (int i = 0; i < reopenings; ++i) {
+            fw::instance<helpWnd>().showWindow();
+            QVERIFY(closeHelp());
+        }
+        helpWnd& help = fw::instance<helpWnd>();
+        QCOMPARE(shownText(), expectedText());
+        QCOMPARE(help.content()->size(), QSize(550, 500));
+        QCOMPARE(help.EditField1()->geometry(), QRect(-1, -1, 551, 498));
+
+        const int title = int(kHelpTitleLength);
+        QStringList bold;
+        for (int at : {0, title - 1, title, title + 2, int(expectedText().size()) - 1}) {
+            QTextCursor cursor(help.EditField1()->document());
+            cursor.setPosition(at + 1); // the format of the character before the cursor
+            if (cursor.charFormat().fontWeight() >= QFont::Bold)
+                bold.append(QString::number(at));
+        }
+        QCOMPARE(bold, QStringList({"0", QString::number(title - 1)}));
+    }
+
+    void oneInstanceWhoseEditsGoWithIt() {
+        helpWnd& first = fw::instance<helpWnd>();
+        first.showWindow();
+        QTest::keyClicks(first.EditField1(), QStringLiteral("typed"));
+        helpWnd& second = fw::instance<helpWnd>();
+        second.showWindow();
+        QCOMPARE(&second, &first);
+        QTRY_COMPARE(QApplication::activeWindow(), &second);
+        QCOMPARE(shownText(), QStringLiteral("typed") + expectedText());
+
+        QVERIFY(closeHelp());
+        QCOMPARE(shownText(), expectedText());
+    }
+
+    void controlItemShowsMainWindowAndKeepsHelp() {
+        window().hide();
+        helpWnd& help = fw::instance<helpWnd>();
+        help.showWindow();
+        QVERIFY(help.handleMenuItem(QStringLiteral("ControlItem")));
+        ControlWnd* main = fw::openInstance<ControlWnd>();
+        QVERIFY(main);
+        QTRY_VERIFY(main->isVisible());
+        QCOMPARE(fw::openInstance<helpWnd>(), &help);
+        QVERIFY(help.isVisible());
+    }
+
+    // Closing the Information window alone goes on (the loop ends with our own
+    // code); quitting by the menu or by closing the main window ends the run
+    // with 0 whatever else is open.
+    void closingAndQuitting_data() {
+        QTest::addColumn<QString>("what");
+        QTest::addColumn<int>("code");
+        QTest::newRow("closing help alone") << "help" << 7;
+        QTest::newRow("Quit item") << "FileQuit" << 0;
+        QTest::newRow("closing the main window, help open") << "main" << 0;
+    }
+    void closingAndQuitting() {
+        QFETCH(QString, what);
+        QFETCH(int, code);
+        fw::instance<helpWnd>().showWindow();
+        if (what == u"help")
+            window().hide();
+        // Qt only looks for the last window closing while the event loop runs.
+        QApplication::setQuitOnLastWindowClosed(true);
+        QSignalSpy lastClosed(qApp, &QGuiApplication::lastWindowClosed);
+        QTimer::singleShot(0, &window(), [what] {
+            if (what == u"help")
+                fw::instance<helpWnd>().close();
+            else if (what == u"main")
                 fw::instance<ControlWnd>().close();
             else
-                MenuBar1().item(QStringLiteral("FileQuit"))->trigger();
+                MenuBar1().item(what)->trigger();
+            QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(7); });
         });
-        QTimer::singleShot(10000, &window(), [] { QCoreApplication::exit(99); });
-        QCOMPARE(QCoreApplication::exec(), 0);
+        QCOMPARE(QCoreApplication::exec(), code);
+        QApplication::setQuitOnLastWindowClosed(false);
+        if (what == u"help")
+            QCOMPARE(lastClosed.count(), 0);
     }
 };
 
 TOVARIN_UI_TEST_MAIN(MenuBarTest)
-#include "test_menubar.moc"
+#include "test_menus_and_help.moc"
