@@ -114,10 +114,10 @@ private slots:
             QTest::addRow("mouse on %s", target) << QString(target) << "mouse" << true;
             QTest::addRow("key on %s", target) << QString(target) << "Z" << true;
         }
-        QTest::newRow("shift alone") << "window"
-                                     << "Shift" << false;
-        QTest::newRow("close") << "window"
-                               << "close" << true;
+        // clang-format off
+        QTest::newRow("shift alone") << "window" << "Shift" << false;
+        QTest::newRow("close") << "window" << "close" << true;
+        // clang-format on
     }
     void pressesDismissTheSplash() {
         QFETCH(QString, target);
