@@ -1,13 +1,10 @@
 #include "framework/Application.hpp"
 
 #include "framework/HandlerGuard.hpp"
-#include "framework/Platform.hpp"
 #include "framework/Window.hpp"
 
 #include <QList>
 #include <QPointer>
-
-#include <exception>
 
 namespace tovarin::fw {
 
@@ -40,16 +37,6 @@ bool Application::notify(QObject* receiver, QEvent* event) {
         reportCurrentException();
     }
     return true;
-}
-
-void reportCurrentException() {
-    try {
-        throw;
-    } catch (const std::exception& failure) {
-        reportUnhandledFailure(QString::fromUtf8(failure.what()));
-    } catch (...) {
-        reportUnhandledFailure(QStringLiteral("An unknown failure occurred."));
-    }
 }
 
 void Application::setVersionData(const Version& version) {

@@ -1,10 +1,8 @@
-#include "framework/Controls.hpp"
+#include "framework/Canvas.hpp"
 
 #include <QPainter>
 
 namespace tovarin::fw {
-
-Label::Label(QWidget* parent) : QLabel(parent) {}
 
 Canvas::Canvas(QWidget* parent) : QWidget(parent) {}
 

@@ -1,4 +1,4 @@
-#include "framework/Platform.hpp"
+#include "framework/Dialogs.hpp"
 
 #include <QApplication>
 #include <QFileDialog>

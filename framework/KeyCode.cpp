@@ -1,4 +1,4 @@
-#include "framework/Controls.hpp"
+#include "framework/KeyCode.hpp"
 
 #include <QKeyEvent>
 #include <QKeySequence>

@@ -1,6 +1,6 @@
 #include "framework/MenuBar.hpp"
 
-#include "framework/Platform.hpp"
+#include "framework/Quit.hpp"
 #include "framework/Window.hpp"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "framework/Controls.hpp"
+#include "framework/PushButton.hpp"
 
 #include "framework/HandlerGuard.hpp"
 

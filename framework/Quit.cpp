@@ -1,4 +1,4 @@
-#include "framework/Platform.hpp"
+#include "framework/Quit.hpp"
 
 #include <QCoreApplication>
 

@@ -3,7 +3,7 @@
 // a whole press of the Load Data File button.
 #include "engine/AnalysisRun.hpp"
 #include "framework/Application.hpp"
-#include "framework/Platform.hpp"
+#include "framework/Dialogs.hpp"
 #include "ui/main/ControlWnd.hpp"
 #include "ui/main/RunHost.hpp"
 

@@ -2,7 +2,7 @@
 
 #include "app/FileTypeRegistry.hpp"
 #include "app/Startup.hpp"
-#include "framework/Platform.hpp"
+#include "framework/PictureFile.hpp"
 
 #include <QLocale>
 #include <QTest>

@@ -1,7 +1,8 @@
 #include "AppTestMain.hpp"
 
-#include "app/Pictures.hpp"
-#include "framework/Controls.hpp"
+#include "framework/Canvas.hpp"
+#include "framework/Dialogs.hpp"
+#include "ui/AppPictures.hpp"
 #include "ui/main/ControlWnd.hpp"
 #include "ui/secondary/AboutWnd.hpp"
 

@@ -1,8 +1,12 @@
 #include "FrameworkTestMain.hpp"
 
 #include "engine/FileError.hpp"
-#include "framework/Controls.hpp"
-#include "framework/Platform.hpp"
+#include "framework/Dialogs.hpp"
+#include "framework/OneShotTimer.hpp"
+#include "framework/PushButton.hpp"
+#include "framework/Quit.hpp"
+#include "framework/TextArea.hpp"
+#include "framework/TextField.hpp"
 #include "framework/Window.hpp"
 
 #include <QMessageBox>

@@ -1,6 +1,10 @@
 #include "FrameworkTestMain.hpp"
 
-#include "framework/Controls.hpp"
+#include "framework/Canvas.hpp"
+#include "framework/KeyCode.hpp"
+#include "framework/PushButton.hpp"
+#include "framework/TextArea.hpp"
+#include "framework/TextField.hpp"
 
 #include <QClipboard>
 #include <QDialog>

@@ -1,7 +1,8 @@
 #include "FrameworkTestMain.hpp"
 
-#include "framework/Controls.hpp"
 #include "framework/MenuBar.hpp"
+#include "framework/TextArea.hpp"
+#include "framework/TextField.hpp"
 #include "framework/Window.hpp"
 
 #include <QClipboard>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "framework/Application.hpp"
-#include "framework/Platform.hpp"
+#include "framework/PictureFile.hpp"
 
 #include <QLocale>
 #include <QTest>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/Platform.hpp"
+#include "framework/Dialogs.hpp"
 #include "ui/main/ControlWnd.hpp"
 
 #include <QStringList>

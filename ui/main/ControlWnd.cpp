@@ -1,7 +1,7 @@
 #include "ui/main/ControlWnd.hpp"
 
-#include "app/Pictures.hpp"
 #include "engine/Credit.hpp"
+#include "ui/AppPictures.hpp"
 #include "ui/main/Fonts.hpp"
 #include "ui/main/MenuBar1.hpp"
 
@@ -81,7 +81,7 @@ void ControlWnd::CreateControls() {
     QWidget& window = *content();
 
     auto* count = new fw::TextField(&window);
-    count->setObjectName(QStringLiteral("pFld"));
+    count->setObjectName(ControlWndName::pFld);
     placeInWindow(*count, window, 235, 165, 50, 22);
     count->setFont(systemFont(12));
     setEditColours(*count);
@@ -94,25 +94,25 @@ void ControlWnd::CreateControls() {
     count->setKeyDownHandler([this](int code) { return pFld_KeyDown(code); });
 
     auto* clear = new fw::PushButton(&window);
-    clear->setObjectName(QStringLiteral("clearBtn"));
+    clear->setObjectName(ControlWndName::clearBtn);
     placeInWindow(*clear, window, 300, 530, 100, 50);
     setUpButton(*clear, QStringLiteral("Clear"));
     clear->setMouseDownHandler([this](int x, int y) { return clearBtn_MouseDown(x, y); });
 
     auto* help = new fw::PushButton(&window);
-    help->setObjectName(QStringLiteral("helpBtn"));
+    help->setObjectName(ControlWndName::helpBtn);
     placeInWindow(*help, window, 554, 531, 100, 50);
     setUpButton(*help, QStringLiteral("Information"));
     help->setMouseDownHandler([this](int x, int y) { return helpBtn_MouseDown(x, y); });
 
     auto* calc = new fw::PushButton(&window);
-    calc->setObjectName(QStringLiteral("calcBtn"));
+    calc->setObjectName(ControlWndName::calcBtn);
     placeInWindow(*calc, window, 45, 530, 125, 50);
     setUpButton(*calc, QStringLiteral("Load Data File"));
     calc->setMouseDownHandler([this](int x, int y) { return calcBtn_MouseDown(x, y); });
 
     auto* results = new fw::TextArea(&window);
-    results->setObjectName(QStringLiteral("ResultsFld"));
+    results->setObjectName(ControlWndName::ResultsFld);
     placeInWindow(*results, window, 50, 193, 600, 325);
     results->setFont(systemFont(11));
     setEditColours(*results);
@@ -131,13 +131,13 @@ void ControlWnd::CreateControls() {
     results->setKeyDownHandler([this](int code) { return ResultsFld_KeyDown(code); });
 
     auto* banner = new fw::Canvas(&window);
-    banner->setObjectName(QStringLiteral("Canvas1"));
+    banner->setObjectName(ControlWndName::Canvas1);
     banner->setBackdrop(Tovarinbanner());
     placeInWindow(*banner, window, -3, 0, 935, 90);
     banner->setFocusPolicy(Qt::NoFocus);
 
     auto* author = new fw::Label(banner);
-    author->setObjectName(QStringLiteral("Label1"));
+    author->setObjectName(ControlWndName::Label1);
     placeInWindow(*author, window, 401, 35, 127, 20);
     author->setText(QString::fromUtf8(kAuthorLine));
     author->setFont(systemFont(11));
@@ -147,7 +147,7 @@ void ControlWnd::CreateControls() {
     author->setAutoFillBackground(false);
 
     auto* caption = new fw::Label(&window);
-    caption->setObjectName(QStringLiteral("NumFld"));
+    caption->setObjectName(ControlWndName::NumFld);
     placeInWindow(*caption, window, 50, 165, 184, 22);
     caption->setText(QStringLiteral("Number of Models (2-99):"));
     caption->setFont(narrowedToFit(systemFont(14, true), caption->text(), 184));

@@ -2,7 +2,8 @@
 #include "ui/main/ControlWnd.hpp"
 
 #include "engine/AnalysisRun.hpp"
-#include "framework/Platform.hpp"
+#include "framework/Dialogs.hpp"
+#include "framework/Quit.hpp"
 #include "ui/main/KeyFilters.hpp"
 #include "ui/main/RunHost.hpp"
 #include "ui/secondary/AboutWnd.hpp"

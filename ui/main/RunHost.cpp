@@ -1,7 +1,7 @@
 #include "ui/main/RunHost.hpp"
 
 #include "engine/LocalDateTime.hpp"
-#include "framework/Platform.hpp"
+#include "framework/Dialogs.hpp"
 #include "ui/main/ControlWnd.hpp"
 
 #include <QFile>

@@ -1,10 +1,14 @@
 #include "ui/secondary/AboutWnd.hpp"
 
-#include "app/Pictures.hpp"
 #include "engine/Credit.hpp"
 #include "framework/Application.hpp"
-#include "framework/Controls.hpp"
+#include "framework/Canvas.hpp"
+#include "framework/HandlerGuard.hpp"
+#include "framework/KeyCode.hpp"
+#include "framework/Label.hpp"
 #include "framework/MenuBar.hpp"
+#include "framework/OneShotTimer.hpp"
+#include "ui/AppPictures.hpp"
 #include "ui/main/ControlWnd.hpp"
 
 #include <QApplication>
@@ -18,6 +22,7 @@ namespace tovarin {
 namespace {
 
 constexpr int kTimeoutMs = 4000;
+const QLatin1String kStaticText2("StaticText2");
 // Room kept free at the window's sides, and the height of one line of the
 // credit at 9 points with room for large-type screen settings.
 constexpr int kCreditMargin = 4;
@@ -48,7 +53,7 @@ void AboutWnd::Layout() {
 
 void AboutWnd::CreateControls() {
     auto* credit = new fw::Label(content());
-    credit->setObjectName(QStringLiteral("StaticText2"));
+    credit->setObjectName(kStaticText2);
     credit->setGeometry(98, 297, 258, 15);
     credit->setText(QString::fromUtf8(kCreditLine));
     credit->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
@@ -75,7 +80,7 @@ void AboutWnd::CreateControls() {
 }
 
 void AboutWnd::StaticText2_Open() {
-    auto* credit = control<fw::Label>(QStringLiteral("StaticText2"));
+    auto* credit = control<fw::Label>(kStaticText2);
     // "System" is the platform's user interface font, which a control has
     // unless told otherwise.
     QFont font = credit->font();
@@ -114,14 +119,14 @@ void AboutWnd::dismiss() {
 
 void AboutWnd::mousePressEvent(QMouseEvent* event) {
     const QPoint at = event->position().toPoint();
-    if (!Event_MouseDown(at.x(), at.y()))
+    if (!fw::runHandler([&] { return Event_MouseDown(at.x(), at.y()); }))
         fw::Window::mousePressEvent(event);
 }
 
 void AboutWnd::keyPressEvent(QKeyEvent* event) {
     // Modifier keys alone and menu shortcuts are not key presses of the window.
     const int code = fw::keyCode(*event);
-    if (code < 0 || !Event_KeyDown(code))
+    if (code < 0 || !fw::runHandler([&] { return Event_KeyDown(code); }))
         fw::Window::keyPressEvent(event);
 }
 
@@ -129,7 +134,7 @@ void AboutWnd::closeEvent(QCloseEvent* event) {
     // Closed from the window manager: the splash is the only way to the main
     // window, so a close counts as a dismissal and the window stays.
     event->ignore();
-    dismiss();
+    fw::runAction([this] { dismiss(); });
 }
 
 } // namespace tovarin

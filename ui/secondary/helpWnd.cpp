@@ -1,6 +1,6 @@
 #include "ui/secondary/helpWnd.hpp"
 
-#include "framework/Controls.hpp"
+#include "framework/TextArea.hpp"
 #include "ui/main/ControlWnd.hpp"
 #include "ui/main/MenuBar1.hpp"
 #include "ui/secondary/HelpText.hpp"
@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kContentWidth = 550;
 constexpr int kContentHeight = 500;
+const QLatin1String kEditField1("EditField1");
 constexpr int kSmallestSide = 64;
 constexpr int kLargestSide = 32000;
 
@@ -43,7 +44,7 @@ helpWnd::helpWnd() : fw::Window(kContentWidth, kContentHeight) {
 }
 
 fw::TextArea* helpWnd::EditField1() const {
-    return control<fw::TextArea>(QStringLiteral("EditField1"));
+    return control<fw::TextArea>(kEditField1);
 }
 
 void helpWnd::Layout() {
@@ -61,7 +62,7 @@ void helpWnd::Layout() {
 
 void helpWnd::CreateControls() {
     auto* area = new fw::TextArea(content());
-    area->setObjectName(QStringLiteral("EditField1"));
+    area->setObjectName(kEditField1);
     // No layout manages the area: it keeps its place and size when the window
     // is resized.
     area->setGeometry(kEditFieldFrame);

@@ -1,12 +1,9 @@
 #pragma once
 
-#include <QPixmap>
 #include <QString>
 
 #include <functional>
 #include <optional>
-
-class QWidget;
 
 namespace tovarin::fw {
 
@@ -28,15 +25,5 @@ void setBeepHandler(std::function<void()> handler);
 // Tests install a handler that records the reason instead of a dialog.
 void reportUnhandledFailure(const QString& reason);
 void setUnhandledFailureHandler(std::function<void(const QString&)> handler);
-
-// Ends the event loop with the exit value. A second call does no harm.
-void quit(int exitValue);
-
-// Reads a picture by file name from the application's resources folder,
-// found beside the executable or in the installed data folder; a null
-// pixmap if it is absent.
-QPixmap openPictureFromApp(const QString& fileName);
-// Overrides where pictures are looked for; for tests.
-void setPictureFolder(const QString& folder);
 
 } // namespace tovarin::fw

@@ -1,4 +1,4 @@
-#include "framework/Platform.hpp"
+#include "framework/PictureFile.hpp"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "framework/Controls.hpp"
+#include "framework/OneShotTimer.hpp"
 
 #include "framework/HandlerGuard.hpp"
 

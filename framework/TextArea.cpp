@@ -1,4 +1,4 @@
-#include "framework/Controls.hpp"
+#include "framework/TextArea.hpp"
 
 #include "framework/HandlerGuard.hpp"
 
@@ -8,6 +8,7 @@
 #include <QTextDocument>
 
 namespace tovarin::fw {
+
 namespace {
 
 // Splits at CR LF, CR or LF; each of them ends one line.
@@ -30,17 +31,6 @@ QStringList splitLines(const QString& text) {
 }
 
 } // namespace
-
-TextField::TextField(QWidget* parent) : QLineEdit(parent) {}
-
-void TextField::keyPressEvent(QKeyEvent* event) {
-    const int code = keyCode(*event);
-    if (code >= 0 && keyDown_ && runHandler([&] { return keyDown_(code); })) {
-        event->accept();
-        return;
-    }
-    QLineEdit::keyPressEvent(event);
-}
 
 TextArea::TextArea(QWidget* parent) : QTextEdit(parent) {}
 

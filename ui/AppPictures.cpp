@@ -1,6 +1,6 @@
-#include "app/Pictures.hpp"
+#include "ui/AppPictures.hpp"
 
-#include "framework/Platform.hpp"
+#include "framework/PictureFile.hpp"
 
 namespace tovarin {
 namespace {

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <functional>
+
+class QKeyEvent;
+
+namespace tovarin::fw {
+
+// The code a key filter sees for a key event: 8 Backspace, 9 Tab, 13 Return and
+// Enter, 28-31 the arrows (left, right, up, down), 127 Forward Delete, a
+// printable ASCII character its own code; anything outside ASCII gives a code
+// above 127 (its Unicode value, or 0x110000 for keys that type nothing).
+// Returns -1 for events that are not keys a filter sees: modifier keys alone
+// and keys the platform delivers as menu or edit shortcuts.
+int keyCode(const QKeyEvent& event);
+
+// A key handler gets the key code and returns true when the key is dealt with
+// and must go no further.
+using KeyHandler = std::function<bool(int code)>;
+
+} // namespace tovarin::fw
