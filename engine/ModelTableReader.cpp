@@ -11,6 +11,9 @@ namespace tovarin {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+// Past this many, repeated names are counted in one closing note, so that a
+// file of ten thousand copies doesn't bury the output in warnings.
+constexpr std::int64_t kRepeatNotes = 10;
 
 std::string_view trimSpaces(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
@@ -151,6 +154,7 @@ ModelTableRead readModelTable(std::string_view text, std::optional<std::int64_t>
     }
     std::unordered_map<std::string, std::int64_t> firstUse;
     bool seenContent = false;
+    std::int64_t repeats = 0;
     std::size_t pos = 0;
     while (pos < text.size()) {
         const std::size_t end = text.find_first_of("\r\n", pos);
@@ -190,7 +194,7 @@ ModelTableRead readModelTable(std::string_view text, std::optional<std::int64_t>
             read.firstSemicolonLine = number;
         }
         const auto [used, fresh] = firstUse.emplace(fields[0], number);
-        if (!fresh) {
+        if (!fresh && ++repeats <= kRepeatNotes) {
             read.notes.push_back({number, "the name " + quoted(fields[0]) +
                                               " is already used on line " +
                                               std::to_string(used->second)});
@@ -201,6 +205,10 @@ ModelTableRead readModelTable(std::string_view text, std::optional<std::int64_t>
                                              ", but --count is " +
                                              std::to_string(*expectedCount));
         }
+    }
+    if (repeats > kRepeatNotes) {
+        read.notes.push_back({read.lineCount, std::to_string(repeats - kRepeatNotes) +
+                                                  " more lines repeat a name used before"});
     }
     if (expectedCount && std::ssize(read.models) != *expectedCount) {
         throw TableReadError(read.lineCount, "the file ends after " +

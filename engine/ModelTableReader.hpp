@@ -51,7 +51,8 @@ private:
 // - a first line whose BIC is no number is a header, skipped with a note;
 // - any other line whose BIC is not wholly a finite number, or whose name is
 //   empty or not UTF-8, throws TableReadError with its line number;
-// - a name used before gets a note; with `expectedCount`, a different number
+// - a name used before gets a note (the first ten; then one note counts the
+//   rest); with `expectedCount`, a different number
 //   of model lines throws.
 ModelTableRead readModelTable(std::string_view text,
                               std::optional<std::int64_t> expectedCount = std::nullopt);
