@@ -16,6 +16,7 @@
 #include "text/Utf8.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace tovarin {
 
@@ -88,7 +89,7 @@ int tableCommand(const TableOptions& options, std::ostream& out, std::ostream& e
     }
 
     TableDocument table{inputDocumentName(options.file), options.confidence,
-                        computeTable(read.models, options.confidence)};
+                        computeTable(std::move(read.models), options.confidence)};
     if (options.sortByFile) {
         std::sort(table.rows.begin(), table.rows.end(),
                   [](const TableRow& a, const TableRow& b) { return a.line < b.line; });

@@ -3,6 +3,7 @@
 #include "engine/NumberText.hpp"
 #include "text/Utf8.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -17,6 +18,18 @@ constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
 void appendString(std::string& out, std::string_view text) {
     out += '"';
     for (std::size_t pos = 0; pos < text.size();) {
+        // Plain printable ASCII goes over in one piece.
+        const auto plain = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(pos), text.end(),
+                                        [](char c) {
+                                            const auto u = static_cast<unsigned char>(c);
+                                            return u < 0x20U || u >= 0x80U || c == '"' || c == '\\';
+                                        });
+        const auto run = static_cast<std::size_t>(plain - text.begin()) - pos;
+        out.append(text.substr(pos, run));
+        pos += run;
+        if (pos == text.size()) {
+            break;
+        }
         const auto byte = static_cast<unsigned char>(text[pos]);
         const std::size_t length = utf8CharLength(text, pos);
         if (byte >= 0x80U) {
@@ -38,12 +51,18 @@ void appendString(std::string& out, std::string_view text) {
 }
 
 void appendNumber(std::string& out, double value) {
-    out += std::isfinite(value) ? shortestText(value) : "null";
+    if (std::isfinite(value)) {
+        appendShortest(out, value);
+    } else {
+        out += "null";
+    }
 }
 
 } // namespace
 
 void writeJsonTable(std::string& out, const TableDocument& table) {
+    constexpr std::size_t kBytesPerModel = 320;
+    out.reserve(out.size() + table.rows.size() * kBytesPerModel);
     out += "{\n  \"file\": ";
     appendString(out, table.file);
     out += ",\n  \"count\": " + std::to_string(table.rows.size());

@@ -2,6 +2,7 @@
 
 #include "text/Utf8.hpp"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <unordered_map>
@@ -28,7 +29,10 @@ bool isBlank(std::string_view line) {
 }
 
 bool isValidUtf8(std::string_view text) {
-    for (std::size_t pos = 0; pos < text.size();) {
+    const auto ascii = std::find_if(text.begin(), text.end(), [](char c) {
+        return static_cast<unsigned char>(c) >= 0x80U;
+    });
+    for (auto pos = static_cast<std::size_t>(ascii - text.begin()); pos < text.size();) {
         const std::size_t length = utf8CharLength(text, pos);
         if (length == 1 && static_cast<unsigned char>(text[pos]) >= 0x80U) {
             return false;
@@ -56,56 +60,91 @@ char separatorOf(std::string_view line) {
     return semicolon ? ';' : ',';
 }
 
+std::string quoted(std::string_view text) {
+    return "\"" + std::string(text) + "\"";
+}
+
 TableReadError quoteProblem(std::int64_t line, std::size_t field, const char* what) {
     return TableReadError(line, "field " + std::to_string(field) + ": " + what);
 }
 
+// The first two fields of a line, into strings whose room is reused from line to line.
+struct LineFields {
+    std::string name;
+    std::string bic;
+    std::string rest; // later fields, only checked
+    std::size_t count = 0;
+
+    std::string& next() {
+        std::string& field = count == 0 ? name : count == 1 ? bic : rest;
+        ++count;
+        field.clear();
+        return field;
+    }
+};
+
 // Splits line `number` at `separator`, unquoting quoted fields as RFC 4180
 // does. A broken quote throws.
-std::vector<std::string> splitFields(std::string_view line, char separator, std::int64_t number) {
-    std::vector<std::string> fields;
+void splitFields(std::string_view line, char separator, std::int64_t number, LineFields& fields) {
+    fields.count = 0;
+    fields.bic.clear();
     std::size_t pos = 0;
     while (true) {
         const std::size_t start = line.find_first_not_of(' ', pos);
-        if (start != std::string_view::npos && line[start] == '"') {
-            std::string field;
-            std::size_t at = start + 1;
-            while (true) {
-                if (at >= line.size()) {
-                    throw quoteProblem(number, fields.size() + 1, "its opening quote is never closed");
-                }
-                if (line[at] == '"') {
-                    if (at + 1 < line.size() && line[at + 1] == '"') {
-                        field += '"';
-                        at += 2;
-                        continue;
-                    }
-                    break;
-                }
-                field += line[at++];
+        if (start == std::string_view::npos || line[start] != '"') {
+            const std::size_t end = line.find(separator, pos);
+            fields.next() = trimSpaces(line.substr(pos, end - pos));
+            if (end == std::string_view::npos) {
+                return;
             }
-            fields.push_back(std::move(field));
-            const std::size_t after = line.find_first_not_of(' ', at + 1);
-            if (after == std::string_view::npos) {
-                return fields;
-            }
-            if (line[after] != separator) {
-                throw quoteProblem(number, fields.size(), "text follows its closing quote");
-            }
-            pos = after + 1;
+            pos = end + 1;
             continue;
         }
-        const std::size_t end = line.find(separator, pos);
-        fields.emplace_back(trimSpaces(line.substr(pos, end - pos)));
-        if (end == std::string_view::npos) {
-            return fields;
+        std::string& field = fields.next();
+        std::size_t at = start + 1;
+        while (true) {
+            const std::size_t quote = line.find('"', at);
+            if (quote == std::string_view::npos) {
+                throw quoteProblem(number, fields.count, "its opening quote is never closed");
+            }
+            field.append(line.substr(at, quote - at));
+            if (quote + 1 < line.size() && line[quote + 1] == '"') {
+                field += '"';
+                at = quote + 2;
+                continue;
+            }
+            at = quote + 1;
+            break;
         }
-        pos = end + 1;
+        const std::size_t after = line.find_first_not_of(' ', at);
+        if (after == std::string_view::npos) {
+            return;
+        }
+        if (line[after] != separator) {
+            throw quoteProblem(number, fields.count, "text follows its closing quote");
+        }
+        pos = after + 1;
     }
 }
 
-std::string quoted(std::string_view text) {
-    return "\"" + std::string(text) + "\"";
+// Notes on names used before, in line order: the first kRepeatNotes, then one
+// that counts the rest. The models are all read, so views of their names stay valid.
+void noteRepeatedNames(ModelTableRead& read) {
+    std::unordered_map<std::string_view, std::int64_t> firstUse;
+    firstUse.reserve(read.models.size());
+    std::int64_t repeats = 0;
+    for (const TableModel& model : read.models) {
+        const auto [used, fresh] = firstUse.emplace(model.name, model.line);
+        if (!fresh && ++repeats <= kRepeatNotes) {
+            read.notes.push_back({model.line, "the name " + quoted(model.name) +
+                                                  " is already used on line " +
+                                                  std::to_string(used->second)});
+        }
+    }
+    if (repeats > kRepeatNotes) {
+        read.notes.push_back({read.lineCount, std::to_string(repeats - kRepeatNotes) +
+                                                  " more lines repeat a name used before"});
+    }
 }
 
 // Why `field` is no BIC, with the likely cause where there is one.
@@ -152,9 +191,8 @@ ModelTableRead readModelTable(std::string_view text, std::optional<std::int64_t>
     if (text.starts_with(kByteOrderMark)) {
         text.remove_prefix(kByteOrderMark.size());
     }
-    std::unordered_map<std::string, std::int64_t> firstUse;
+    LineFields fields;
     bool seenContent = false;
-    std::int64_t repeats = 0;
     std::size_t pos = 0;
     while (pos < text.size()) {
         const std::size_t end = text.find_first_of("\r\n", pos);
@@ -170,8 +208,8 @@ ModelTableRead readModelTable(std::string_view text, std::optional<std::int64_t>
             continue;
         }
         const char separator = separatorOf(line);
-        std::vector<std::string> fields = splitFields(line, separator, number);
-        const std::string bicField = fields.size() > 1 ? fields[1] : std::string();
+        splitFields(line, separator, number, fields);
+        const std::string& bicField = fields.bic;
         const std::optional<double> bic = parseWholeNumber(bicField);
         const bool first = !seenContent;
         seenContent = true;
@@ -184,31 +222,21 @@ ModelTableRead readModelTable(std::string_view text, std::optional<std::int64_t>
         if (!bic) {
             throw TableReadError(number, notANumber(bicField));
         }
-        if (fields[0].empty()) {
+        if (fields.name.empty()) {
             throw TableReadError(number, "the model has no name");
         }
-        if (!isValidUtf8(fields[0])) {
+        if (!isValidUtf8(fields.name)) {
             throw TableReadError(number, "the name is not UTF-8 text");
         }
         if (separator == ';' && read.firstSemicolonLine == 0) {
             read.firstSemicolonLine = number;
         }
-        const auto [used, fresh] = firstUse.emplace(fields[0], number);
-        if (!fresh && ++repeats <= kRepeatNotes) {
-            read.notes.push_back({number, "the name " + quoted(fields[0]) +
-                                              " is already used on line " +
-                                              std::to_string(used->second)});
-        }
-        read.models.push_back({std::move(fields[0]), *bic, number});
+        read.models.push_back({fields.name, *bic, number});
         if (expectedCount && std::ssize(read.models) > *expectedCount) {
             throw TableReadError(number, "model line " + std::to_string(read.models.size()) +
                                              ", but --count is " +
                                              std::to_string(*expectedCount));
         }
-    }
-    if (repeats > kRepeatNotes) {
-        read.notes.push_back({read.lineCount, std::to_string(repeats - kRepeatNotes) +
-                                                  " more lines repeat a name used before"});
     }
     if (expectedCount && std::ssize(read.models) != *expectedCount) {
         throw TableReadError(read.lineCount, "the file ends after " +
@@ -216,6 +244,7 @@ ModelTableRead readModelTable(std::string_view text, std::optional<std::int64_t>
                                                  " model lines, but --count is " +
                                                  std::to_string(*expectedCount));
     }
+    noteRepeatedNames(read);
     return read;
 }
 

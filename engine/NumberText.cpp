@@ -12,7 +12,7 @@ constexpr std::size_t kBufferSize = 400;
 
 template <typename... Format>
 std::string toText(double value, Format... format) {
-    std::array<char, kBufferSize> buffer{};
+    std::array<char, kBufferSize> buffer; // NOLINT: to_chars fills what is read
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format...);
     return {buffer.data(), result.ptr};
 }
@@ -21,6 +21,12 @@ std::string toText(double value, Format... format) {
 
 std::string shortestText(double value) {
     return toText(value);
+}
+
+void appendShortest(std::string& out, double value) {
+    std::array<char, kBufferSize> buffer; // NOLINT: to_chars fills what is read
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    out.append(buffer.data(), result.ptr);
 }
 
 std::string fixedText(double value, int decimals) {

@@ -4,6 +4,7 @@
 #include <cfloat>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 namespace tovarin {
 
@@ -36,7 +37,7 @@ const char* evidenceLabel(Evidence evidence) {
     return "";
 }
 
-std::vector<TableRow> computeTable(const std::vector<TableModel>& models, double confidence) {
+std::vector<TableRow> computeTable(std::vector<TableModel> models, double confidence) {
     const std::size_t count = models.size();
     std::vector<std::size_t> order(count);
     std::iota(order.begin(), order.end(), std::size_t{0});
@@ -65,7 +66,7 @@ std::vector<TableRow> computeTable(const std::vector<TableModel>& models, double
         const std::size_t i = order[r];
         TableRow& row = rows[r];
         row.rank = static_cast<std::int64_t>(r) + 1;
-        row.name = models[i].name;
+        row.name = std::move(models[i].name);
         row.bic = models[i].bic;
         row.line = models[i].line;
         row.deltaBic = delta[i];

@@ -32,10 +32,10 @@ struct TableRow {
     std::int64_t line = 0; // where the model stands in the file
 };
 
-// The rows of `models` (at least one) in rank order. A model is in the
+// The rows of `models` (at least one) in rank order; the names move over. A model is in the
 // confidence set when the models ranked above its group of equal BICs hold a
 // cumulative weight below `confidence`: the smallest top set that reaches it,
 // never splitting a tie.
-std::vector<TableRow> computeTable(const std::vector<TableModel>& models, double confidence);
+std::vector<TableRow> computeTable(std::vector<TableModel> models, double confidence);
 
 } // namespace tovarin
