@@ -36,7 +36,7 @@ std::string readAll(ByteSource& source) {
     std::array<char, kChunkBytes> chunk{};
     while (const std::size_t got = source.read(chunk.data(), chunk.size())) {
         if (text.size() + got > kMaxInputBytes) {
-            throw FileError(source.name(), "larger than 256 MiB, so this is no table of models");
+            throw FileError(source.name(), "larger than 64 MiB, so this is no table of models");
         }
         text.append(chunk.data(), got);
     }

@@ -5,7 +5,7 @@
 namespace tovarin {
 
 // Far above any table of models; a device that never ends (/dev/zero) stops here.
-inline constexpr std::size_t kMaxInputBytes = std::size_t{256} * 1024 * 1024;
+inline constexpr std::size_t kMaxInputBytes = std::size_t{64} * 1024 * 1024;
 
 // The whole of the file named by `operand`, or of standard input for "-".
 // Throws FileError naming it, with the system's reason, when it can't be read

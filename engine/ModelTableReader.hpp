@@ -52,8 +52,8 @@ private:
 // - any other line whose BIC is not wholly a finite number, or whose name is
 //   empty or not UTF-8, throws TableReadError with its line number;
 // - a name used before gets a note (the first ten; then one note counts the
-//   rest); with `expectedCount`, a different number
-//   of model lines throws.
+//   rest);
+// - with `expectedCount`, a different number of model lines throws.
 ModelTableRead readModelTable(std::string_view text,
                               std::optional<std::int64_t> expectedCount = std::nullopt);
 
