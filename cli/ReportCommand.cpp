@@ -102,8 +102,8 @@ void hintAboutClassicRead(const std::string& countText, const std::string& file,
     }
 }
 
-int classicCommand(const std::vector<std::string>& operands, std::ostream& out,
-                   std::ostream& err, bool hints) {
+int classicCommand(const std::vector<std::string>& operands, std::ostream& out, std::ostream& err,
+                   bool hints) {
     CliHost host(operands[0], operands[1], out, err);
     try {
         switch (runAnalysis(host, "\n")) {

@@ -80,8 +80,9 @@ int tableCommand(const TableOptions& options, std::ostream& out, std::ostream& e
         err << kPrefix << where(file, note.line) << note.text << '\n';
     }
     if (read.models.empty()) {
-        err << kPrefix << file << ": no model lines (a name, then a tab, comma or semicolon, then "
-                                  "the BIC)\n";
+        err << kPrefix << file
+            << ": no model lines (a name, then a tab, comma or semicolon, then "
+               "the BIC)\n";
         return kExitNoResult;
     }
     if (options.format == TableFormat::Report) {

@@ -8,10 +8,11 @@ namespace tovarin {
 
 namespace {
 
-constexpr const char* kFieldNames[] = {"rank",           "name",   "bic",
-                                       "delta_bic",      "weight", "cumulative_weight",
-                                       "bayes_factor",   "ln_bayes_factor",
-                                       "evidence",       "in_confidence_set"};
+constexpr const char* kFieldNames[] = {"rank",         "name",
+                                       "bic",          "delta_bic",
+                                       "weight",       "cumulative_weight",
+                                       "bayes_factor", "ln_bayes_factor",
+                                       "evidence",     "in_confidence_set"};
 
 // Full precision; an infinity as R and Python's float() both read it.
 std::string numberField(double value) {
@@ -36,8 +37,7 @@ void appendField(std::string& out, const std::string& text, char separator) {
     out += '"';
 }
 
-void writeTable(std::string& out, const TableDocument& table, char separator,
-                const char* lineEnd) {
+void writeTable(std::string& out, const TableDocument& table, char separator, const char* lineEnd) {
     const auto row = [&](const auto& fields) {
         bool first = true;
         for (const std::string& field : fields) {
@@ -51,14 +51,12 @@ void writeTable(std::string& out, const TableDocument& table, char separator,
     };
     row(std::vector<std::string>(std::begin(kFieldNames), std::end(kFieldNames)));
     for (const TableRow& model : table.rows) {
-        row(std::vector<std::string>{std::to_string(model.rank), model.name,
-                                     numberField(model.bic), numberField(model.deltaBic),
-                                     numberField(model.weight),
-                                     numberField(model.cumulativeWeight),
-                                     numberField(model.bayesFactor),
-                                     numberField(model.lnBayesFactor),
-                                     evidenceLabel(model.evidence),
-                                     model.inConfidenceSet ? "true" : "false"});
+        row(std::vector<std::string>{
+            std::to_string(model.rank), model.name, numberField(model.bic),
+            numberField(model.deltaBic), numberField(model.weight),
+            numberField(model.cumulativeWeight), numberField(model.bayesFactor),
+            numberField(model.lnBayesFactor), evidenceLabel(model.evidence),
+            model.inConfidenceSet ? "true" : "false"});
     }
 }
 

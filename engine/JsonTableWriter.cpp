@@ -19,11 +19,11 @@ void appendString(std::string& out, std::string_view text) {
     out += '"';
     for (std::size_t pos = 0; pos < text.size();) {
         // Plain printable ASCII goes over in one piece.
-        const auto plain = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(pos), text.end(),
-                                        [](char c) {
-                                            const auto u = static_cast<unsigned char>(c);
-                                            return u < 0x20U || u >= 0x80U || c == '"' || c == '\\';
-                                        });
+        const auto plain =
+            std::find_if(text.begin() + static_cast<std::ptrdiff_t>(pos), text.end(), [](char c) {
+                const auto u = static_cast<unsigned char>(c);
+                return u < 0x20U || u >= 0x80U || c == '"' || c == '\\';
+            });
         const auto run = static_cast<std::size_t>(plain - text.begin()) - pos;
         out.append(text.substr(pos, run));
         pos += run;

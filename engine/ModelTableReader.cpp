@@ -29,9 +29,8 @@ bool isBlank(std::string_view line) {
 }
 
 bool isValidUtf8(std::string_view text) {
-    const auto ascii = std::find_if(text.begin(), text.end(), [](char c) {
-        return static_cast<unsigned char>(c) >= 0x80U;
-    });
+    const auto ascii = std::find_if(text.begin(), text.end(),
+                                    [](char c) { return static_cast<unsigned char>(c) >= 0x80U; });
     for (auto pos = static_cast<std::size_t>(ascii - text.begin()); pos < text.size();) {
         const std::size_t length = utf8CharLength(text, pos);
         if (length == 1 && static_cast<unsigned char>(text[pos]) >= 0x80U) {
@@ -234,15 +233,13 @@ ModelTableRead readModelTable(std::string_view text, std::optional<std::int64_t>
         read.models.push_back({fields.name, *bic, number});
         if (expectedCount && std::ssize(read.models) > *expectedCount) {
             throw TableReadError(number, "model line " + std::to_string(read.models.size()) +
-                                             ", but --count is " +
-                                             std::to_string(*expectedCount));
+                                             ", but --count is " + std::to_string(*expectedCount));
         }
     }
     if (expectedCount && std::ssize(read.models) != *expectedCount) {
-        throw TableReadError(read.lineCount, "the file ends after " +
-                                                 std::to_string(read.models.size()) +
-                                                 " model lines, but --count is " +
-                                                 std::to_string(*expectedCount));
+        throw TableReadError(read.lineCount,
+                             "the file ends after " + std::to_string(read.models.size()) +
+                                 " model lines, but --count is " + std::to_string(*expectedCount));
     }
     noteRepeatedNames(read);
     return read;

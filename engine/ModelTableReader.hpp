@@ -23,9 +23,9 @@ struct TableNote {
 };
 
 struct ModelTableRead {
-    std::vector<TableModel> models; // in file order
-    std::vector<TableNote> notes;   // header skipped, repeated names
-    std::int64_t headerLine = 0;    // 0 when the file has no header line
+    std::vector<TableModel> models;      // in file order
+    std::vector<TableNote> notes;        // header skipped, repeated names
+    std::int64_t headerLine = 0;         // 0 when the file has no header line
     std::int64_t firstSemicolonLine = 0; // 0 when no line is split at semicolons
     std::int64_t lineCount = 0;
 };

@@ -10,10 +10,10 @@ namespace {
 // Room for any double in any of the forms below with up to 20 decimals.
 constexpr std::size_t kBufferSize = 400;
 
-template <typename... Format>
-std::string toText(double value, Format... format) {
+template <typename... Format> std::string toText(double value, Format... format) {
     std::array<char, kBufferSize> buffer; // NOLINT: to_chars fills what is read
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format...);
+    const auto result =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format...);
     return {buffer.data(), result.ptr};
 }
 

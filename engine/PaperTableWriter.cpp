@@ -109,7 +109,13 @@ std::string latexEscape(std::string_view text) {
         case '^':
             out += "\\textasciicircum{}";
             break;
-        case '&': case '%': case '$': case '#': case '_': case '{': case '}':
+        case '&':
+        case '%':
+        case '$':
+        case '#':
+        case '_':
+        case '{':
+        case '}':
             out += '\\';
             out += c;
             break;

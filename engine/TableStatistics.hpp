@@ -22,11 +22,11 @@ struct TableRow {
     std::int64_t rank = 0; // 1 is the best model; equal BICs keep the file's order
     std::string name;
     double bic = 0.0;
-    double deltaBic = 0.0;        // BIC minus the lowest BIC
-    double weight = 0.0;          // BIC posterior probability (Schwarz weight)
+    double deltaBic = 0.0;         // BIC minus the lowest BIC
+    double weight = 0.0;           // BIC posterior probability (Schwarz weight)
     double cumulativeWeight = 0.0; // sum of the weights of ranks 1..rank
-    double bayesFactor = 0.0;     // best model against this one; +inf past a double
-    double lnBayesFactor = 0.0;   // deltaBic / 2, finite whenever deltaBic is
+    double bayesFactor = 0.0;      // best model against this one; +inf past a double
+    double lnBayesFactor = 0.0;    // deltaBic / 2, finite whenever deltaBic is
     Evidence evidence = Evidence::Weak;
     bool inConfidenceSet = false;
     std::int64_t line = 0; // where the model stands in the file

@@ -90,14 +90,15 @@ TEST(ReportCommand, ClassicHintFollowsTheMessages) {
                                  : extra.rfind("tovarin-report: hint: ", 0) == 0 &&
                                        extra.find(hint) != std::string::npos &&
                                        extra.find('\n') == extra.size() - 1)
-            << content << "\n" << extra;
+            << content + "\n" + extra;
     }
 }
 
 std::vector<std::string> splitAt(const std::string& text, char separator) {
     std::vector<std::string> parts;
     std::istringstream stream(text);
-    for (std::string part; std::getline(stream, part, separator);) parts.push_back(part);
+    for (std::string part; std::getline(stream, part, separator);)
+        parts.push_back(part);
     return parts;
 }
 
@@ -129,25 +130,28 @@ TEST(TableFormats, AgreeWithLogSumExpInLongDouble) {
         ASSERT_EQ(rows.size(), bics.size() + 1) << outcome.err;
         const auto lowest = std::min_element(bics.begin(), bics.end());
         long double sum = 0, reached = 0, outBefore = 1;
-        for (double bic : bics) sum += expl(-(bic - *lowest) / 2);
+        for (double bic : bics)
+            sum += expl(-(bic - *lowest) / 2);
         for (std::size_t i = 0; i < bics.size(); ++i) {
             const std::vector<std::string> f = splitAt(rows[i + 1], '\t');
             ASSERT_EQ(f.size(), 10U) << rows[i + 1];
             const long double delta = bics[i] - *lowest, weight = expl(-delta / 2 - logl(sum));
             const auto near = [](const std::string& got, long double want) {
-                return std::fabs(std::strtod(got.c_str(), nullptr) - want) <= 1e-11L * want + 1e-320L;
+                return std::fabs(std::strtod(got.c_str(), nullptr) - want) <=
+                       1e-11L * want + 1e-320L;
             };
             EXPECT_EQ(std::strtod(f[2].c_str(), nullptr), bics[i]) << f[2];
             EXPECT_TRUE(near(f[3], delta) && near(f[4], weight) && near(f[7], delta / 2))
                 << rows[i + 1] << " vs " << static_cast<double>(weight);
             const long double lnMax = logl(DBL_MAX);
-            EXPECT_TRUE(delta / 2 > lnMax + 1e-6L ? f[6] == "Inf"
-                                                  : delta / 2 > lnMax - 1e-6L || near(f[6], expl(delta / 2)))
+            EXPECT_TRUE(delta / 2 > lnMax + 1e-6L
+                            ? f[6] == "Inf"
+                            : delta / 2 > lnMax - 1e-6L || near(f[6], expl(delta / 2)))
                 << f[6];
             const bool best = f[0] == "1";
             EXPECT_EQ(best, lowest - bics.begin() == static_cast<std::ptrdiff_t>(i));
-            EXPECT_EQ(f[8], best        ? "best model" : delta <= 2 ? "weak" : delta <= 6 ? "positive"
-                            : delta <= 10 ? "strong"   : "very strong");
+            const char* bands[] = {"weak", "positive", "strong", "very strong"};
+            EXPECT_EQ(f[8], best ? "best model" : bands[(delta > 2) + (delta > 6) + (delta > 10)]);
             // The members' weight reaches 0.95, which it had before each model left out.
             const long double cumulative = std::strtold(f[5].c_str(), nullptr);
             if (f[9] == "true")
@@ -191,9 +195,8 @@ TEST(TableFormats, CarefulReadingNamesFileAndLine) {
     // clang-format on
     for (const Case& c : cases) {
         const std::string file = folder.write("f", c.content).string();
-        std::vector<std::string> args{"--format", "csv", file};
-        if (!c.extra.empty()) args.insert(args.begin() + 2, c.extra);
-        const Outcome outcome = run(args);
+        const Outcome outcome =
+            run({"--format", "csv", c.extra.empty() ? "--sort=bic" : c.extra, file});
         EXPECT_EQ(outcome.status, c.status) << c.content;
         EXPECT_NE(outcome.err.find(c.err), std::string::npos) << c.content << "\n" << outcome.err;
         EXPECT_EQ(outcome.out.empty(), c.status != 0) << c.content;

@@ -24,8 +24,7 @@ assert table['count'] == 6 and table['best_model'] == models[0]['name']
 assert models[-1]['bayes_factor'] is None and models[-1]['ln_bayes_factor'] > 709
 
 
-def number(text):
-    return None if text == 'Inf' else float(text)
+number = lambda text: None if text == 'Inf' else float(text)
 
 
 # tsv and csv carry exactly the JSON's values.
@@ -67,9 +66,8 @@ tex = run('--format', 'latex', '-', stdin=data.encode())
 assert '\\caption{' in tex and '\\toprule' in tex and '\\bottomrule' in tex
 body = tex.split('\\midrule\n')[1].split('    \\bottomrule')[0]
 latex_specials = {'\\textbackslash{}': '\\', '\\textasciitilde{}': '~', '\\textasciicircum{}': '^'}
-def tex_unescape(c):
-    c = re.sub(r'\\textbackslash\{\}|\\textasciitilde\{\}|\\textasciicircum\{\}', lambda m: latex_specials[m[0]], c)
-    return re.sub(r'\\([&%$#_{}])', r'\1', c)
+tex_unescape = lambda c: re.sub(r'\\([&%$#_{}])|\\text(backslash|asciitilde|asciicircum)\{\}',
+                                lambda m: m[1] or latex_specials[m[0]], c)
 def tex_numeric(c):
     m = re.fullmatch(r'\$(\S+) \\times 10\^\{(\d+)\}\$', c)
     return ('%se+%02d' % m.groups()) if m else 'inf' if '308' in c else c.replace('$-$', '-')
@@ -98,8 +96,10 @@ for args in (['3', worked_file], ['--format', 'json', big.name], ['--help']):
     with open('/dev/full', 'w') as full:
         done = subprocess.run([program, *args], stdout=full, stderr=subprocess.PIPE)
     assert done.returncode == 3 and b'No space left' in done.stderr, (args, done)
-    child = subprocess.Popen([program, *args], stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-    child.stdout.close()
-    assert child.wait(timeout=60) == 3 and b'Broken pipe' in child.stderr.read(), args
+    reader, writer = os.pipe()
+    os.close(reader)  # closed before the first write, however small the output
+    done = subprocess.run([program, *args], stdout=writer, stderr=subprocess.PIPE, timeout=60)
+    os.close(writer)
+    assert done.returncode == 3 and b'Broken pipe' in done.stderr, (args, done)
 os.unlink(big.name)
 print('all formats read back')
