@@ -27,7 +27,7 @@ constexpr const char* kSynopsis =
 
 constexpr const char* kHelp = R"(
 Compares models by their BIC, read from FILE, one model per line: the name,
-then a tab or a comma, then the BIC.
+then a tab or a comma (or, in the table formats, a semicolon), then the BIC.
 
 tovarin-report COUNT FILE
   The classic report of the first COUNT lines (2-99) on standard output, as the
@@ -47,10 +47,11 @@ tovarin-report --format FORMAT [options] FILE
   - a first line whose BIC is not a number is a header: skipped, with a note;
   - any other line whose BIC is not wholly a finite number (a decimal comma,
     text, an empty field) or that has no name is an error;
-  - a name used twice gets a warning.
+  - a name used twice gets a warning;
+  - a FILE over 64 MiB is refused.
 
   FORMAT is one of:
-    report    the classic report of the models read (2 to 99 of them)
+    report    the classic report of every model read (there must be 2 to 99)
     tsv       tab-separated table with a header row
     csv       comma-separated table (RFC 4180, CR LF line ends)
     json      one object: file, count, best_model, confidence, models
