@@ -52,7 +52,7 @@ tovarin-report --format FORMAT [options] FILE
 
   FORMAT is one of:
     report    the classic report of every model read (there must be 2 to 99)
-    tsv       tab-separated table with a header row
+    tsv       tab-separated table with a header row (quoted as csv where needed)
     csv       comma-separated table (RFC 4180, CR LF line ends)
     json      one object: file, count, best_model, confidence, models
     markdown  pipe table with a "Table:" caption line, rounded for a paper
