@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
-# `make bench`: the three benchmarks whose figures the README gives.
+# `make bench`: the benchmarks whose figures the README gives.
 set -euo pipefail
 build_dir=${1:-build}
 
 echo "== One whole analysis run of 99 models (read, statistics, report text)"
 "$build_dir/bench/engine/bench_engine" --benchmark_repetitions=10 --benchmark_report_aggregates_only=true
+
+echo "== tovarin-report --format json on a file of 10,000 models (read, statistics, JSON text)"
+"$build_dir/bench/cli/bench_cli" --benchmark_repetitions=10 --benchmark_report_aggregates_only=true
 
 echo "== Appending a 99-model report to a results area holding 50 reports (offscreen)"
 QT_QPA_PLATFORM=offscreen "$build_dir/bench/gui/bench_gui" --benchmark_repetitions=10 --benchmark_report_aggregates_only=true

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <array>
+#include <streambuf>
+
+namespace tovarin {
+
+// A stream buffer over a file descriptor that remembers why a write failed,
+// so that a full disk or a closed pipe can be reported with its reason.
+class OutputBuffer : public std::streambuf {
+public:
+    explicit OutputBuffer(int fd);
+    ~OutputBuffer() override;
+    OutputBuffer(const OutputBuffer&) = delete;
+    OutputBuffer& operator=(const OutputBuffer&) = delete;
+
+    // The errno of the first failed write, 0 while all went out.
+    int error() const { return error_; }
+
+protected:
+    int_type overflow(int_type c) override;
+    int sync() override;
+
+private:
+    bool flushBuffer();
+
+    static constexpr std::size_t kBytes = 64 * 1024;
+    int fd_;
+    int error_ = 0;
+    std::array<char, kBytes> buffer_{};
+};
+
+} // namespace tovarin

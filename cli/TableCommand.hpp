@@ -1,0 +1,15 @@
+#pragma once
+
+#include "cli/TableOptions.hpp"
+
+#include <ostream>
+
+namespace tovarin {
+
+// The --format form: reads the whole file carefully, notes on `err`, then the
+// table (or the classic report of the models read) on `out`. Returns 0 after
+// output, 1 for data that can't be used (a bad line, a count that doesn't
+// match, no model, an unreadable file, no low BIC for the report).
+int tableCommand(const TableOptions& options, std::ostream& out, std::ostream& err);
+
+} // namespace tovarin

@@ -1,0 +1,105 @@
+"""The real tovarin-report: the classic report's lines, every table format read
+back by a real parser, the worked example's digits, output that can't be written."""
+import csv, io, json, os, re, subprocess, sys, tempfile
+
+program, examples = sys.argv[1], sys.argv[2]
+here = os.path.dirname(os.path.abspath(__file__))
+names = ['lm_age_sex', 'lm_age_sex_bmi', 'a "quoted", name', 'pipe|star*', '50% & $x_1^2$ {~}#\\', 'Zürich–β']
+bics = [2451.37, 2449.5, -12.25, 1e-3, 2460.0, 3900.125]
+data = ''.join('"%s",%r\r\n' % (n.replace('"', '""'), b) for n, b in zip(names, bics))
+
+
+def run(*args, stdin=None):
+    done = subprocess.run([program, *args], input=stdin, capture_output=True)
+    assert done.returncode == 0, (args, done.stderr)
+    return done.stdout.decode()
+
+
+table = json.loads(run('--format', 'json', '-', stdin=data.encode()))
+models = table['models']
+assert [m['name'] for m in sorted(models, key=lambda m: m['rank'])] == \
+    [n for _, n in sorted(zip(bics, names))], models
+assert [m['bic'] for m in models] == sorted(bics)
+assert table['count'] == 6 and table['best_model'] == models[0]['name']
+assert models[-1]['bayes_factor'] is None and models[-1]['ln_bayes_factor'] > 709
+
+
+number = lambda text: None if text == 'Inf' else float(text)
+
+
+# tsv and csv carry exactly the JSON's values.
+for fmt, delimiter in (('csv', ','), ('tsv', '\t')):
+    out = run('--format', fmt, '-', stdin=data.encode())
+    rows = list(csv.DictReader(io.StringIO(out, newline=''), delimiter=delimiter))
+    assert (fmt == 'csv') == out.endswith('\r\n')
+    for row, model in zip(rows, models, strict=True):
+        for key, value in model.items():
+            got = {'rank': int, 'name': str, 'evidence': str}.get(key, number)(row[key]) \
+                if key != 'in_confidence_set' else row[key] == 'true'
+            assert got == value, (fmt, key, got, value)
+
+
+def paper(model):
+    """What a paper table shows of a model, from the JSON by Python's own rounding."""
+    weight = '%.3f' % model['weight']
+    factor = model['bayes_factor']
+    return [str(model['rank']), model['name'], '%.2f' % model['bic'], '%.2f' % model['delta_bic'],
+            '<0.001' if weight == '0.000' else weight, '%.3f' % model['cumulative_weight'],
+            'inf' if factor is None else '%.2f' % factor if factor < 1e5 else '%.2e' % factor,
+            '%.2f' % model['ln_bayes_factor'], model['evidence'],
+            'yes' if model['in_confidence_set'] else 'no']
+
+
+def cells(text, split, unescape, numeric):
+    out = [unescape(c.strip()) for c in split(text)]
+    return [numeric(c) if i not in (1, 8) else c for i, c in enumerate(out)]
+
+
+md = run('--format', 'markdown', '-', stdin=data.encode()).splitlines()
+assert md[0].startswith('Table: ') and '(standard input)' in md[0]
+md_numeric = lambda c: re.sub(r'e\+0*(\d+)', r'e+0\1', c.replace('> 1.8e308', 'inf'))
+for line, model in zip(md[4:], models, strict=True):
+    split = lambda t: re.split(r'(?<!\\)\|', t)[1:-1]
+    assert cells(line, split, lambda c: re.sub(r'\\(.)', r'\1', c), md_numeric) == paper(model), line
+
+tex = run('--format', 'latex', '-', stdin=data.encode())
+assert '\\caption{' in tex and '\\toprule' in tex and '\\bottomrule' in tex
+body = tex.split('\\midrule\n')[1].split('    \\bottomrule')[0]
+latex_specials = {'\\textbackslash{}': '\\', '\\textasciitilde{}': '~', '\\textasciicircum{}': '^'}
+tex_unescape = lambda c: re.sub(r'\\([&%$#_{}])|\\text(backslash|asciitilde|asciicircum)\{\}',
+                                lambda m: m[1] or latex_specials[m[0]], c)
+def tex_numeric(c):
+    m = re.fullmatch(r'\$(\S+) \\times 10\^\{(\d+)\}\$', c)
+    return ('%se+%02d' % m.groups()) if m else 'inf' if '308' in c else c.replace('$-$', '-')
+for line, model in zip(body.strip().split('\\\\\n'), models, strict=True):
+    split = lambda t: re.split(r'(?<!\\)&', t.rstrip(' \\\n'))
+    assert cells(line, split, tex_unescape, tex_numeric) == paper(model), line
+
+# The classic form stays as it was: every line of these files stands in its report.
+for count, name in (('3', 'worked-example'), ('2', 'two-models')):
+    lines = run(count, os.path.join(examples, name + '.txt')).splitlines()
+    with open(os.path.join(here, name + '-rows.txt'), encoding='utf-8') as wanted:
+        assert all(line in lines for line in wanted.read().splitlines()), (name, lines)
+
+# The worked example, to the last digit a shortest round-trip writer prints.
+worked = json.loads(run('--format', 'json', os.path.join(examples, 'worked-example.txt')))
+by_name = {m['name']: m for m in worked['models']}
+assert [repr(by_name[n]['weight']) for n in ('NCM', 'DUM', 'CXM')] == \
+    ['0.8590623833788779', '0.036264581279120016', '0.10467303534200216'], worked
+assert repr(by_name['DUM']['ln_bayes_factor']) == '3.1650000000000063'
+
+# A full disk and a closed pipe end in a message and exit status 3, in every form.
+with tempfile.NamedTemporaryFile('w', suffix='.csv', delete=False) as big:
+    big.write(''.join('m%d,%d\n' % (i, i) for i in range(20000)))
+worked_file = os.path.join(examples, 'worked-example.txt')
+for args in (['3', worked_file], ['--format', 'json', big.name], ['--help']):
+    with open('/dev/full', 'w') as full:
+        done = subprocess.run([program, *args], stdout=full, stderr=subprocess.PIPE)
+    assert done.returncode == 3 and b'No space left' in done.stderr, (args, done)
+    reader, writer = os.pipe()
+    os.close(reader)  # closed before the first write, however small the output
+    done = subprocess.run([program, *args], stdout=writer, stderr=subprocess.PIPE, timeout=60)
+    os.close(writer)
+    assert done.returncode == 3 and b'Broken pipe' in done.stderr, (args, done)
+os.unlink(big.name)
+print('all formats read back')
