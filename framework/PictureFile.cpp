@@ -13,12 +13,15 @@ QString& pictureFolderOverride() {
     return folder;
 }
 
-// Beside the executable in a build tree; ../share/tovarin once installed.
+// Beside the executable in a build tree; ../share/tovarin once installed,
+// wherever the installed tree was moved or unpacked; last the data folder the
+// build was made for, for an executable put somewhere else.
 QStringList pictureFolders() {
     if (!pictureFolderOverride().isEmpty())
         return {pictureFolderOverride()};
     const QDir exeDir(QCoreApplication::applicationDirPath());
-    return {exeDir.path(), exeDir.filePath(QStringLiteral("../share/tovarin"))};
+    return {exeDir.path(), exeDir.filePath(QStringLiteral("../share/tovarin")),
+            QStringLiteral(TOVARIN_DATADIR)};
 }
 
 } // namespace
