@@ -7,7 +7,7 @@ set -uo pipefail
 build_dir=${1:?usage: fuzz/run.sh BUILD_DIR [SECONDS_PER_TARGET]}
 seconds=${2:-60}
 here=$(cd "$(dirname "$0")" && pwd)
-targets=(fuzz_run fuzz_format fuzz_val)
+targets=(fuzz_run fuzz_format fuzz_val fuzz_table)
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/tovarin-fuzz.XXXXXX")
 trap 'rm -rf "$work"' EXIT

@@ -1,0 +1,110 @@
+// Any bytes as a data file for the table formats: either a refusal with a line
+// number inside the file, or a table whose numbers hold together, written in
+// every format. The CSV is read back and must give each row's fields again.
+#include "engine/DelimitedTableWriter.hpp"
+#include "engine/JsonTableWriter.hpp"
+#include "engine/ModelTableReader.hpp"
+#include "engine/PaperTableWriter.hpp"
+#include "engine/TableStatistics.hpp"
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using namespace tovarin;
+
+[[noreturn]] void fail(const char* what) {
+    std::fprintf(stderr, "invariant broken: %s\n", what);
+    std::abort();
+}
+
+void check(bool ok, const char* what) {
+    if (!ok)
+        fail(what);
+}
+
+// The fields of one RFC 4180 record starting at `at`; moves `at` past its CR LF.
+std::vector<std::string> readCsvRecord(std::string_view csv, std::size_t& at) {
+    std::vector<std::string> fields(1);
+    bool quoted = false;
+    while (at < csv.size()) {
+        const char c = csv[at++];
+        if (quoted) {
+            if (c != '"')
+                fields.back() += c;
+            else if (at < csv.size() && csv[at] == '"')
+                fields.back() += csv[at++];
+            else
+                quoted = false;
+        } else if (c == '"') {
+            quoted = true;
+        } else if (c == ',') {
+            fields.emplace_back();
+        } else if (c == '\r' && at < csv.size() && csv[at] == '\n') {
+            ++at;
+            return fields;
+        } else {
+            fields.back() += c;
+        }
+    }
+    fail("CSV record without its line end");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    ModelTableRead read;
+    try {
+        read = readModelTable(text);
+    } catch (const TableReadError& error) {
+        check(error.line() >= 1 && error.line() <= static_cast<std::int64_t>(size) + 1,
+              "refusal outside the file");
+        return 0;
+    }
+    if (read.models.empty())
+        return 0;
+
+    TableDocument table{"fuzz.txt", 0.95, computeTable(read.models, 0.95)};
+    const std::vector<TableRow>& rows = table.rows;
+    check(rows.size() == read.models.size(), "a row lost or added");
+    check(rows.front().deltaBic == 0.0 && rows.front().inConfidenceSet, "rank 1 is no best model");
+    double previous = 0.0;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const TableRow& row = rows[i];
+        check(row.rank == static_cast<std::int64_t>(i) + 1, "ranks out of order");
+        check(std::isfinite(row.bic) && row.deltaBic >= 0.0, "a difference below the best");
+        check(row.weight >= 0.0 && row.weight <= 1.0, "a weight outside [0, 1]");
+        check(row.cumulativeWeight >= previous && row.cumulativeWeight <= 1.0 + 1e-12,
+              "cumulative weight not rising to 1");
+        // The difference of two finite BICs can still overflow (1e308 and -1e308).
+        check(row.lnBayesFactor == row.deltaBic / 2, "ln BF is not half the difference");
+        check(std::isfinite(row.lnBayesFactor) || !std::isfinite(row.deltaBic),
+              "ln BF not finite for a finite difference");
+        previous = row.cumulativeWeight;
+    }
+
+    std::string out;
+    writeJsonTable(out, table);
+    writeTsvTable(out, table);
+    writeMarkdownTable(out, table);
+    writeLatexTable(out, table);
+    std::string csv;
+    writeCsvTable(csv, table);
+    std::size_t at = 0;
+    const std::size_t columns = readCsvRecord(csv, at).size();
+    for (const TableRow& row : rows) {
+        const std::vector<std::string> fields = readCsvRecord(csv, at);
+        check(fields.size() == columns, "a CSV row of another width");
+        check(fields[1] == row.name, "a name that does not read back from the CSV");
+    }
+    check(at == csv.size(), "CSV text after the last row");
+    return 0;
+}
