@@ -13,6 +13,25 @@
 namespace tovarin {
 namespace {
 
+std::string fixedCell(std::string_view text, std::int64_t width) {
+    std::string cell;
+    appendFixedCell(cell, text, width);
+    return cell;
+}
+std::string shrinkingCell(std::string_view text, std::int64_t width) {
+    std::string cell;
+    appendShrinkingCell(cell, text, width);
+    return cell;
+}
+std::string probabilityText(double value) {
+    FormatBuffer buffer;
+    return std::string(tovarin::probabilityText(value, buffer));
+}
+std::string bayesFactorText(double value) {
+    FormatBuffer buffer;
+    return std::string(tovarin::bayesFactorText(value, buffer));
+}
+
 TEST(Cells, FixedAndShrinkingCutFromTheSameSpaces) {
     struct CellCase {
         std::string text;

@@ -14,12 +14,12 @@ namespace tovarin {
 namespace {
 
 constexpr double kInf = std::numeric_limits<double>::infinity();
-constexpr std::string_view kBic = kBicMask, kDiff = kDifferenceMask, kProb = kProbabilityMask,
+constexpr NumberMask kBic = kBicMask, kDiff = kDifferenceMask, kProb = kProbabilityMask,
                            kBf = kBayesFactorMask;
 
 struct FormatCase {
     double value;
-    std::string_view mask;
+    NumberMask mask;
     const char* expected;
 };
 
@@ -27,7 +27,7 @@ class FormatWrites : public ::testing::TestWithParam<FormatCase> {};
 
 TEST_P(FormatWrites, TheMaskedText) {
     EXPECT_EQ(Format(GetParam().value, GetParam().mask), GetParam().expected)
-        << GetParam().value << " through " << GetParam().mask;
+        << GetParam().value << " through " << GetParam().mask.text;
 }
 
 // clang-format off
@@ -50,19 +50,13 @@ INSTANTIATE_TEST_SUITE_P(Edges, FormatWrites, ::testing::Values(
     FormatCase{1e20, kBic, "+100000000000000000000.0"}, FormatCase{2.675, kBf, "2.67"},
     FormatCase{100.03125, kBic, "+100.0312"}, FormatCase{100.09375, kBic, "+100.0938"},
     FormatCase{0, kBic, "+0.0"}, FormatCase{-0.0, kBic, "+0.0"}, FormatCase{-0.00001, kBic, "+0.0"},
-    FormatCase{-0.00001, kDiff, "0.00"}, FormatCase{-2.5, kDiff, "-2.50"}, FormatCase{0.5, "#.0", ".5"},
-    FormatCase{5.4, "0.", "5."}, FormatCase{7, "000", "007"}));
+    FormatCase{-0.00001, kDiff, "0.00"}, FormatCase{-2.5, kDiff, "-2.50"}));
 
 INSTANTIATE_TEST_SUITE_P(NotFinite, FormatWrites, ::testing::Values(
     FormatCase{kInf, kBic, "+inf"}, FormatCase{-kInf, kBic, "-inf"}, FormatCase{kInf, kBf, "inf"},
     FormatCase{std::numeric_limits<double>::quiet_NaN(), kBic, "nan"}));
 // clang-format on
 
-TEST(FormatMasks, RefusesMasksOutsideItsGrammar) {
-    for (const char* mask : {"#,##0.00", "0.0#0", "0.00%", "++0.0", "0..0"}) {
-        EXPECT_THROW(Format(1.0, mask), std::invalid_argument) << mask;
-    }
-}
 
 // The C library's fixed notation rounds the exact stored value to nearest,
 // ties to even: what every mask must do before dropping trailing zeros.
@@ -79,7 +73,7 @@ std::string printfRounded(double value, int most, int least) {
 
 TEST(FormatProperties, RoundsLikeFixedNotationAndReadsBackAsShown) {
     struct Mask {
-        std::string_view mask;
+        NumberMask mask;
         int least, most;
     };
     const Mask masks[] = {{kBic, 1, 4}, {kDiff, 2, 4}, {kProb, 2, 4}, {kBf, 1, 2}};

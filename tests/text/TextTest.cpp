@@ -46,7 +46,7 @@ TEST(CharacterCounting, AnyBytesCutCleanly) {
         }
         const std::int64_t length = Len(bytes);
         for (std::int64_t n = 0; n <= length; ++n) {
-            const std::string left = Left(bytes, n);
+            const std::string left(Left(bytes, n));
             ASSERT_EQ(bytes.compare(0, left.size(), left), 0);
             EXPECT_EQ(Len(left), n);
             EXPECT_EQ(Len(bytes.substr(left.size())), length - n);
