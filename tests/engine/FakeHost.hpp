@@ -1,8 +1,10 @@
 #pragma once
 
 #include "engine/AnalysisHost.hpp"
+#include "engine/ModelSet.hpp"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tovarin::test {
@@ -38,5 +40,16 @@ public:
     }
     DateTimeText currentDateTime() override { return {"4/5/26", "09:30"}; }
 };
+
+// A model set of these names and BICs, in this order, as the reader leaves it.
+inline ModelSet modelSet(const std::vector<std::pair<std::string, double>>& models) {
+    ModelSet set;
+    set.resize(static_cast<std::int64_t>(models.size()));
+    for (std::size_t i = 0; i < models.size(); ++i) {
+        set.row(static_cast<std::int64_t>(i) + 1).name = models[i].first;
+        set.row(static_cast<std::int64_t>(i) + 1).bic = models[i].second;
+    }
+    return set;
+}
 
 } // namespace tovarin::test
