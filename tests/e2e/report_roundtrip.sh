@@ -6,9 +6,8 @@
 # Exit status 77 (skipped) only when Xvfb, xdotool or xclip is not installed.
 set -euo pipefail
 app=$(realpath "$1") report_tool=$(realpath "$2") data_file=$(realpath "$3")
-for tool in Xvfb xdotool xclip; do
-    command -v "$tool" >/dev/null || { echo "SKIP: $tool is not installed" && exit 77; }
-done
+command -v Xvfb >/dev/null && command -v xdotool >/dev/null && command -v xclip >/dev/null ||
+    { echo "SKIP: Xvfb, xdotool or xclip is not installed" && exit 77; }
 here=$(cd "$(dirname "$0")" && pwd)
 source "$here/xvfb.sh"
 source "$here/windows.sh"
@@ -56,12 +55,8 @@ diff <("$report_tool" 3 "$data_file" | normalise) <(printf '%s\n' "$copied" | no
 grep -q '^Date: .' <<<"$copied" || fail "no date line in the copied report"
 focus "$main"
 xdotool key ctrl+q
-deadline=$((SECONDS + step_timeout))
-while kill -0 "$app_pid" 2>/dev/null; do
-    [ $SECONDS -lt $deadline ] || fail "tovarin still running after Ctrl+Q"
-    sleep 0.1
-done
 status=0
+timeout "$step_timeout" tail --pid="$app_pid" -f /dev/null || fail "tovarin still running after Ctrl+Q"
 wait "$app_pid" || status=$?
 app_pid=
 [ $status -eq 0 ] || fail "tovarin exited with status $status after Ctrl+Q"

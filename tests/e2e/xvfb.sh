@@ -10,9 +10,7 @@ start_xvfb() {
     XVFB_PID=$!
     until grep -q '^[0-9]' "$number_file"; do
         if ! kill -0 "$XVFB_PID" 2>/dev/null || [ $((tries += 1)) -gt 200 ]; then
-            rm -f "$number_file"
-            echo "error: Xvfb did not start" >&2
-            return 1
+            rm -f "$number_file" && echo "error: Xvfb did not start" >&2 && return 1
         fi
         sleep 0.05
     done
@@ -20,19 +18,11 @@ start_xvfb() {
     rm -f "$number_file"
     # Qt wants a private runtime folder and complains on every start without one.
     if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
-        XVFB_RUNTIME_DIR=$(mktemp -d)
-        export XDG_RUNTIME_DIR=$XVFB_RUNTIME_DIR
+        XVFB_RUNTIME_DIR=$(mktemp -d) && export XDG_RUNTIME_DIR=$XVFB_RUNTIME_DIR
     fi
 }
 
 stop_xvfb() {
-    if [ -n "${XVFB_PID:-}" ]; then
-        kill "$XVFB_PID" 2>/dev/null || true
-        wait "$XVFB_PID" 2>/dev/null || true
-        XVFB_PID=
-    fi
-    if [ -n "${XVFB_RUNTIME_DIR:-}" ]; then
-        rm -rf "$XVFB_RUNTIME_DIR"
-        XVFB_RUNTIME_DIR=
-    fi
+    [ -z "${XVFB_PID:-}" ] || { kill "$XVFB_PID" 2>/dev/null; wait "$XVFB_PID" 2>/dev/null || true; XVFB_PID=; }
+    [ -z "${XVFB_RUNTIME_DIR:-}" ] || { rm -rf "$XVFB_RUNTIME_DIR"; XVFB_RUNTIME_DIR=; }
 }

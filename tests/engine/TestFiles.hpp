@@ -10,28 +10,22 @@ namespace tovarin::test {
 // A fresh folder for one test's data files, removed with the object.
 class TempFolder {
 public:
-    TempFolder() {
-        std::random_device seed;
-        path_ = std::filesystem::temp_directory_path() /
-                ("tovarin-test-" + std::to_string(seed()) + std::to_string(seed()));
-        std::filesystem::create_directories(path_);
-    }
+    TempFolder() { std::filesystem::create_directories(path_); }
     ~TempFolder() {
-        std::error_code ec;
-        std::filesystem::remove_all(path_, ec);
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
     }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
-
     std::filesystem::path write(const std::string& name, const std::string& bytes) const {
-        const auto file = path_ / name;
-        std::ofstream(file, std::ios::binary) << bytes;
-        return file;
+        std::ofstream(path_ / name, std::ios::binary) << bytes;
+        return path_ / name;
     }
     const std::filesystem::path& path() const { return path_; }
 
 private:
-    std::filesystem::path path_;
+    std::filesystem::path path_ = std::filesystem::temp_directory_path() /
+                                  ("tovarin-test-" + std::to_string(std::random_device{}()) + std::to_string(std::random_device{}()));
 };
 
 } // namespace tovarin::test

@@ -1,22 +1,23 @@
-// The windows on the offscreen platform, with the dialogs answered by the
-// test: the main window's key filters and the ways a run ends there, the
-// menu items each window enables, the Information window, quitting.
+// The program on the offscreen platform, the dialogs answered by the test:
+// its start-up with no pictures to be found and the splash, the main window's
+// key filters and the ways a run ends there, the menu items each window
+// enables, the Information window, closing and quitting.
 #include "tests/QtTestMain.hpp"
 
+#include "app/Startup.hpp"
 #include "engine/LocalDateTime.hpp"
-#include "framework/Application.hpp"
+#include "framework/Canvas.hpp"
 #include "framework/Dialogs.hpp"
 #include "framework/PictureFile.hpp"
+#include "ui/AppPictures.hpp"
 #include "ui/main/ControlWnd.hpp"
 #include "ui/main/MenuBar1.hpp"
 #include "ui/secondary/AboutWnd.hpp"
 #include "ui/secondary/HelpText.hpp"
 #include "ui/secondary/helpWnd.hpp"
 
-#include <QClipboard>
-#include <QDir>
+#include <QElapsedTimer>
 #include <QPointer>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -26,24 +27,39 @@ using namespace tovarin;
 
 namespace {
 
-const QString kEarlier = QStringLiteral("an earlier report");
-
 ControlWnd& window() {
     return fw::instance<ControlWnd>();
 }
 
+QTemporaryDir& emptyFolder() {
+    static QTemporaryDir folder;
+    return folder;
+}
+
+// How many top-level widgets of that class there are.
+int countOpen(const char* className) {
+    const auto all = QApplication::topLevelWidgets();
+    return int(std::count_if(all.begin(), all.end(), [&](QWidget* w) { return w->inherits(className); }));
+}
+
 // Presses and releases the key a keyboard gives for a code.
 void press(QWidget* control, int code) {
-    static const QHash<int, Qt::Key> named = {
-        {8, Qt::Key_Backspace}, {9, Qt::Key_Tab}, {13, Qt::Key_Return}, {28, Qt::Key_Left},
-        {29, Qt::Key_Right},    {30, Qt::Key_Up}, {31, Qt::Key_Down},   {127, Qt::Key_Delete}};
+    static const QHash<int, Qt::Key> named = {{8, Qt::Key_Backspace}, {9, Qt::Key_Tab}, {13, Qt::Key_Return},
+        {28, Qt::Key_Left}, {29, Qt::Key_Right}, {30, Qt::Key_Up}, {31, Qt::Key_Down}, {127, Qt::Key_Delete}};
     const Qt::Key key = named.value(code, code < 32 ? Qt::Key_Escape : Qt::Key(QChar(code).toUpper().unicode()));
     const QString text = code < 28 || (code >= 32 && code != 127) ? QString(QChar(code)) : QString();
     QTest::sendKeyEvent(QTest::Press, control, key, text, Qt::NoModifier);
     QTest::sendKeyEvent(QTest::Release, control, key, text, Qt::NoModifier);
 }
 
-// Closes the open Information window and waits until it is really gone.
+// The results on show with the focus in them, so that a run that gives the
+// focus to the count field can be told apart.
+void showReport(const QString& text) {
+    window().ResultsFld()->setVisible(true);
+    window().ResultsFld()->setPlainText(text);
+    window().ResultsFld()->setFocus();
+}
+
 bool closeHelp() {
     QPointer<helpWnd> help = fw::openInstance<helpWnd>();
     if (help)
@@ -57,19 +73,41 @@ class WindowsTest : public QObject {
     Q_OBJECT
     QStringList messages_, failures_;
     int beeps_ = 0, choices_ = 0;
-    std::function<std::optional<QString>()> answer_;
     QTemporaryDir folder_;
 
 private slots:
+    // The splash alone, whose timer shows the main window after 4000 ms; a
+    // missing picture is no failure, and it is read once it is found.
+    void initTestCase() {
+        fw::setMessageBoxHandler([this](const QString& text) { messages_ << text; });
+        fw::setUnhandledFailureHandler([this](const QString& why) { failures_ << why; });
+        QElapsedTimer sinceSplash;
+        sinceSplash.start();
+        LateStartup();
+        AboutWnd& about = fw::instance<AboutWnd>();
+        QVERIFY(about.isVisible() && !fw::openInstance<ControlWnd>());
+        QCOMPARE(countOpen("QMenu"), 0); // the menus are made for the main window, not the splash
+        QTRY_VERIFY_WITH_TIMEOUT(fw::openInstance<ControlWnd>(), 8000);
+        QVERIFY2(sinceSplash.elapsed() >= 3990, qPrintable(QString::number(sinceSplash.elapsed())));
+        QVERIFY(fw::openInstance<ControlWnd>()->isVisible() && !about.isVisible());
+        QVERIFY(!about.control<QTimer>("Timer1")->isActive()); // spent, never rearmed
+        QVERIFY(about.control<fw::Canvas>("Canvas2")->backdrop().isNull());
+        QVERIFY(window().Canvas1()->backdrop().isNull());
+        QCOMPARE(messages_ + failures_, QStringList());
+        fw::setPictureFolder(TOVARIN_TEST_PICTURES);
+        const QPixmap found = Icon256();
+        QCOMPARE(found.size(), QSize(256, 256));
+        fw::setPictureFolder(emptyFolder().path());
+        QCOMPARE(Icon256().cacheKey(), found.cacheKey());
+    }
+
     // Each test starts from a main window made afresh, shown and active.
     void init() {
-        messages_.clear();
-        failures_.clear();
+        messages_ = failures_ = {};
         beeps_ = choices_ = 0;
         fw::setMessageBoxHandler([this](const QString& text) { messages_ << text; });
         fw::setUnhandledFailureHandler([this](const QString& why) { failures_ << why; });
         fw::setBeepHandler([this] { ++beeps_; });
-        fw::setFileChooserHandler([this] { return ++choices_, answer_(); });
         QVERIFY(closeHelp());
         delete fw::openInstance<ControlWnd>();
         window().showWindow();
@@ -83,59 +121,38 @@ private slots:
     void keyFilters_data() {
         QTest::addColumn<bool>("countField");
         QTest::addColumn<int>("code");
-        for (const bool countField : {true, false}) {
-            for (int code = 0; code <= 130; ++code)
-                QTest::addRow("%s %d", countField ? "pFld" : "ResultsFld", code) << countField << code;
-            QTest::addRow("%s e acute", countField ? "pFld" : "ResultsFld") << countField << 0xE9;
-        }
+        for (const bool countField : {true, false})
+            for (int code = 0; code <= 131; ++code) // 131 stands for e acute
+                QTest::addRow("%s %d", countField ? "pFld" : "ResultsFld", code) << countField << (code < 131 ? code : 0xE9);
     }
     void keyFilters() {
         QFETCH(bool, countField);
         QFETCH(int, code);
         fw::TextArea& results = *window().ResultsFld();
-        results.setVisible(true);
-        results.setPlainText("xy");
-        QWidget* field = countField ? static_cast<QWidget*>(window().pFld()) : &results;
-        field->setFocus();
+        showReport("xy");
         QTextCursor cursor = results.textCursor();
         cursor.setPosition(1);
         results.setTextCursor(cursor);
+        QWidget* field = countField ? static_cast<QWidget*>(window().pFld()) : &results;
+        field->setFocus();
         press(field, code);
         const QString printable = " .0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_`abcdefghijklmnopqrstuvwxyz";
         const bool accepted = countField ? QList<int>{8, 9, 28, 29, 127}.contains(code) || (code >= '0' && code <= '9')
-                                         : QList<int>{8, 9, 13, 127}.contains(code) ||
-                                               (code >= 32 && code < 127 && printable.contains(QChar(code)));
+                                         : QList<int>{8, 9, 13, 127}.contains(code) || printable.contains(QChar(code));
         QCOMPARE(beeps_, accepted ? 0 : 1);
         const QString typed = accepted && code >= 32 && code != 127 ? QString(QChar(code)) : QString();
         // Tab types nothing and leads to the count field, the one tab stop.
         QCOMPARE(QApplication::focusWidget(), countField || (accepted && code == 9) ? window().pFld() : field);
         QVERIFY(results.isVisible());
-        if (countField) {
-            QCOMPARE(window().pFld()->text() + results.toPlainText(), typed);
-            QCOMPARE(choices_, 0); // Return starts no run
-            return;
-        }
         const QHash<int, QString> edits = {{8, "y"}, {13, "x\ny"}, {127, "x"}};
-        QCOMPARE(results.toPlainText(), accepted && edits.contains(code) ? edits[code] : "x" + typed + "y");
+        QCOMPARE(window().pFld()->text() + "|" + results.toPlainText(),
+                 countField ? typed + "|" : accepted && edits.contains(code) ? "|" + edits[code] : "|x" + typed + "y");
     }
 
-    // Two digits at most; a paste is no key, so it passes no filter and leaves the report.
-    void countFieldTakesTwoDigits() {
-        window().pFld()->setText("12");
-        window().ResultsFld()->setPlainText(kEarlier);
-        window().pFld()->setFocus();
-        press(window().pFld(), '3');
-        QCOMPARE(window().pFld()->text(), "12");
-        window().ResultsFld()->setPlainText(kEarlier);
-        window().pFld()->clear();
-        QGuiApplication::clipboard()->setText("123");
-        MenuBar1().item("EditPaste")->trigger();
-        QCOMPARE(window().pFld()->text() + window().ResultsFld()->toPlainText(), "12" + kEarlier);
-    }
-
-    // The ways a run ends in the window: a message leaves the focus in the
-    // count field, anything else where it was; a failure is reported with the
-    // file's name; a report lands behind what was there, its head bold.
+    // A message leaves the focus in the count field, anything else where it
+    // was; a failure names the file; a report lands behind what was there,
+    // its head bold, and shows the results area when the run starts from the
+    // start state. Clear then goes back to that state.
     void endings_data() {
         QTest::addColumn<QString>("count");
         QTest::addColumn<QString>("choice"); // the file chosen, "" for a cancel
@@ -143,18 +160,16 @@ private slots:
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("shows"); // in the report, "" for none; "!" for a failure
         const QByteArray two = "Alpha\t100.5\nBeta,102\n";
+        const QString zero = "BIC value of zero. Results are probably invalid. Check the data.";
         QTest::newRow("empty count") << "" << "models.txt" << two << "Please enter the number of models in the set (2-99)." << "";
         QTest::newRow("cancelled choice") << "2" << "" << two << "" << "";
         QTest::newRow("vanished file") << "2" << "gone.txt" << two << "" << "";
         QTest::newRow("named pipe") << "2" << "pipe" << two << "" << "!named pipe";
-        QTest::newRow("no low BIC") << "2" << "models.txt" << QByteArray("A\t1e12\nB\t1e12\n")
-                                    << "Sorry, can't find low BIC value. Check the data." << "";
-        QTest::newRow("zero BIC, then report") << "2" << "models.txt" << QByteArray("Alpha\t0\nBeta\t12\n")
-                                               << "BIC value of zero. Results are probably invalid. Check the data."
-                                               << "Alpha";
-        QTest::newRow("invalid bytes shown as U+FFFD") << "2" << "models.txt" << QByteArray("\xff" "A\t1\nB\t2\n")
-                                                       << "" << QString(QChar(0xFFFD)) + "A";
+        QTest::newRow("no low BIC") << "2" << "models.txt" << QByteArray("A\t1e12\nB\t1e12\n") << "Sorry, can't find low BIC value. Check the data." << "";
+        QTest::newRow("zero BIC, then report") << "2" << "models.txt" << QByteArray("Alpha\t0\nBeta\t1\n") << zero << "Alpha";
+        QTest::newRow("invalid bytes shown as U+FFFD") << "2" << "models.txt" << QByteArray("\xff" "A\t1\nB\t2\n") << "" << "\uFFFDA";
         QTest::newRow("report") << "2" << "models.txt" << two << "" << "Beta";
+        QTest::newRow("first run from the start state") << "2" << "models.txt" << two << "" << "Beta";
     }
     void endings() {
         QFETCH(QString, count);
@@ -169,21 +184,23 @@ private slots:
         else if (!choice.isEmpty())
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write(data) == data.size());
         file.close();
-        answer_ = [choice, path]() -> std::optional<QString> {
+        fw::setFileChooserHandler([&]() -> std::optional<QString> {
+            ++choices_;
             if (choice == "gone.txt")
                 QFile::remove(path);
             return choice.isEmpty() ? std::nullopt : std::optional(path);
-        };
+        });
+        const QString earlier = QTest::currentDataTag()[0] == 'f' ? "" : "an earlier report";
+        if (!earlier.isEmpty())
+            showReport(earlier);
+        QWidget* const focus = QApplication::focusWidget();
         window().pFld()->setText(count);
-        window().ResultsFld()->setVisible(true);
-        window().ResultsFld()->setPlainText(kEarlier);
-        window().ResultsFld()->setFocus();
         const auto dateLine = [] {
             const DateTimeText now = currentLocalDateTime();
             return QString::fromStdString("Date: " + now.shortDate + "  " + now.shortTime + "\n");
         };
         const QString dateBefore = dateLine();
-        QTest::mousePress(window().calcBtn(), Qt::LeftButton); // the whole run happens here
+        QTest::mousePress(window().calcBtn(), Qt::LeftButton); // the whole run happens at the press
         const QString dateAfter = dateLine();
         QTest::mouseRelease(window().calcBtn(), Qt::LeftButton);
 
@@ -193,35 +210,19 @@ private slots:
         if (!failures_.isEmpty())
             QVERIFY2(failures_[0].contains(path) && failures_[0].contains(shows.mid(1)), qPrintable(failures_[0]));
         QCOMPARE(window().pFld()->text(), count);
-        QCOMPARE(QApplication::focusWidget(),
-                 message.isEmpty() ? static_cast<QWidget*>(window().ResultsFld()) : window().pFld());
+        QCOMPARE(QApplication::focusWidget(), message.isEmpty() ? focus : window().pFld());
         const QString text = window().ResultsFld()->toPlainText();
         if (shows.isEmpty() || shows.startsWith(u'!')) {
-            QCOMPARE(text, kEarlier);
+            QCOMPARE(text, earlier);
             return;
         }
-        QVERIFY2(text.startsWith(kEarlier + dateBefore) || text.startsWith(kEarlier + dateAfter), qPrintable(text));
-        QVERIFY(text.contains("\nFile: models.txt\n") && text.contains(shows));
-        QTextCursor head(window().ResultsFld()->document());
-        head.setPosition(int(kEarlier.size()) + 1);
-        QCOMPARE(head.charFormat().fontWeight(), int(QFont::Bold));
-    }
-
-    // From the start state, the results area hidden, a run shows the area with the report.
-    void firstRunShowsTheResults() {
-        QVERIFY(!window().ResultsFld()->isVisible());
-        const QString path = folder_.filePath("first.txt");
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("A\t1\nB\t2\n") > 0);
-        file.close();
-        answer_ = [path] { return std::optional(path); };
-        window().pFld()->setText("2");
-        QTest::mousePress(window().calcBtn(), Qt::LeftButton);
-        QTest::mouseRelease(window().calcBtn(), Qt::LeftButton);
         QVERIFY(window().ResultsFld()->isVisible());
-        QVERIFY(window().ResultsFld()->toPlainText().contains("File: first.txt"));
-        // Clear, done at the press, goes back to the start state.
-        QTest::mousePress(window().clearBtn(), Qt::LeftButton);
+        QVERIFY2(text.startsWith(earlier + dateBefore) || text.startsWith(earlier + dateAfter), qPrintable(text));
+        QVERIFY(text.contains("\nFile: " + choice + "\n") && text.contains(shows));
+        QTextCursor head(window().ResultsFld()->document());
+        head.setPosition(int(earlier.size()) + 1);
+        QCOMPARE(head.charFormat().fontWeight(), int(QFont::Bold));
+        QTest::mousePress(window().clearBtn(), Qt::LeftButton); // done at the press, too
         QCOMPARE(window().pFld()->text() + window().ResultsFld()->toPlainText(), QString());
         QVERIFY(!window().ResultsFld()->isVisible());
         QCOMPARE(QApplication::focusWidget(), window().pFld());
@@ -241,12 +242,11 @@ private slots:
     void frontWindowEnables() {
         QFETCH(QString, how);
         QFETCH(QString, enabled);
-        QWidget* const main = &window();
         if (how == "helpBtn")
             QTest::mousePress(window().helpBtn(), Qt::LeftButton);
         else if (!how.isEmpty())
             MenuBar1().item(how)->trigger();
-        QTRY_VERIFY(QApplication::activeWindow() && (how.isEmpty() || QApplication::activeWindow() != main));
+        QTRY_VERIFY(QApplication::activeWindow() && (how.isEmpty() || QApplication::activeWindow() != &window()));
         MenuBar1().updateEnabled();
         QStringList actual;
         for (const char* name : {"AboutItem", "ControlItem", "FileQuit", "InfoItem"})
@@ -260,8 +260,7 @@ private slots:
     // One instance; each opening shows the manual afresh with the literal once
     // behind it and the title alone bold; Control brings the main window back.
     void informationWindow() {
-        const auto text = helpText();
-        const QString expected = QString::fromUtf8(text.data(), qsizetype(text.size())).replace(u'\r', u'\n') + "Error message";
+        const QString expected = QString::fromUtf8(helpText().data(), qsizetype(helpText().size())).replace(u'\r', u'\n') + "Error message";
         helpWnd& help = fw::instance<helpWnd>();
         help.showWindow();
         QTest::keyClicks(help.EditField1(), "typed");
@@ -283,36 +282,62 @@ private slots:
         QVERIFY(again.isVisible());
     }
 
-    // Closing the Information window alone goes on (the loop ends with our own
-    // code 7); quitting by the menu or closing the main window ends with 0.
-    void closingAndQuitting_data() {
-        QTest::addColumn<QString>("what");
-        QTest::addColumn<int>("code");
-        QTest::newRow("closing help alone") << "help" << 7;
-        QTest::newRow("Quit item") << "FileQuit" << 0;
-        QTest::newRow("closing the main window, help open") << "main" << 0;
+    // Shown again as the About item shows it, the splash goes at a press on it
+    // or its controls, and at closing, leaving the one main window in front.
+    void pressesDismissTheSplash_data() {
+        QTest::addColumn<QString>("target");
+        QTest::addColumn<QString>("input");
+        for (const char* target : {"window", "Canvas2", "StaticText2"})
+            for (const char* input : {"mouse", "Z"})
+                QTest::addRow("%s on %s", input, target) << target << input;
+        QTest::newRow("shift alone stays") << "window" << "Shift";
+        QTest::newRow("close") << "window" << "close";
     }
-    void closingAndQuitting() {
-        QFETCH(QString, what);
-        QFETCH(int, code);
-        fw::instance<helpWnd>().showWindow();
-        if (what == "help")
-            window().hide();
-        QApplication::setQuitOnLastWindowClosed(true); // looked at only while the loop runs
-        QTimer::singleShot(0, &window(), [what] {
-            if (what == "help")
-                fw::instance<helpWnd>().close();
-            else if (what == "main")
-                window().close();
-            else
-                MenuBar1().item(what)->trigger();
-            QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(7); });
-        });
-        QCOMPARE(QCoreApplication::exec(), code);
-        QApplication::setQuitOnLastWindowClosed(false);
+    void pressesDismissTheSplash() {
+        QFETCH(QString, target);
+        QFETCH(QString, input);
+        AboutWnd& about = fw::instance<AboutWnd>();
+        about.showWindow();
+        QVERIFY(QTest::qWaitForWindowExposed(&about));
+        QWidget* widget = target == "window" ? &about : about.content()->findChild<QWidget*>(target);
+        if (input == "mouse")
+            QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(5, 5));
+        else if (input == "close")
+            QVERIFY(!about.close()); // refused: the window stays, hidden
+        else
+            QTest::keyClick(widget, input == "Z" ? Qt::Key_Z : Qt::Key_Shift);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(about.isVisible(), input == "Shift");
+        QVERIFY(window().isVisible());
+        QCOMPARE(countOpen("tovarin::ControlWnd") * 10 + countOpen("tovarin::AboutWnd"), 11);
+    }
+
+    // Closing the Information window alone goes on (the loop ends with our own
+    // code 7); closing the main window with the Information open quits with 0.
+    void closing() {
+        for (const bool main : {false, true}) {
+            fw::instance<helpWnd>().showWindow();
+            window().setVisible(main);
+            QApplication::setQuitOnLastWindowClosed(true); // looked at only while the loop runs
+            QTimer::singleShot(0, &window(), [main] {
+                main ? window().close() : fw::instance<helpWnd>().close();
+                QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(7); });
+            });
+            QCOMPARE(QCoreApplication::exec(), main ? 0 : 7);
+            QApplication::setQuitOnLastWindowClosed(false);
+        }
+    }
+
+    void quitShortcutEndsTheRunFromTheSplash() {
+        AboutWnd& about = fw::instance<AboutWnd>();
+        about.showWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&about));
+        QTimer::singleShot(0, [&] { QTest::keyClick(&about, Qt::Key_Q, Qt::ControlModifier); });
+        QTimer::singleShot(10000, [] { QCoreApplication::exit(99); }); // only if the shortcut did nothing
+        QCOMPARE(QCoreApplication::exec(), 0);
     }
 };
 
-TOVARIN_QT_TEST_MAIN(WindowsTest, tovarin::fw::Application app(argc, argv);
-                     tovarin::fw::setPictureFolder(TOVARIN_TEST_PICTURES), )
+TOVARIN_QT_TEST_MAIN(WindowsTest, tovarin::fw::setPictureFolder(emptyFolder().path()); tovarin::EarlyStartup(),
+                     tovarin::ShutDown())
 #include "test_windows.moc"
