@@ -46,55 +46,43 @@ private slots:
         bar_.reset();
     }
 
-    // The focused control enables the Edit items by its state, shown as the letters of
-    // Undo, Cut, Copy, Paste, Delete, Select All; an item then acts on that control.
-    void editItems_data() {
-        QTest::addColumn<bool>("inArea");
-        QTest::addColumn<QString>("state"); // t: "abc" typed, s: "c" selected, p: "xy" on the clipboard
-        QTest::addColumn<QString>("enabled");
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<QString>("after"); // the text and the clipboard
-        for (const bool inArea : {false, true}) {
-            const auto row = [inArea](const char* state, const char* enabled, const char* item = "", const char* after = "") {
-                QTest::addRow("%s %s %s", inArea ? "area" : "field", state, item) << inArea << state << enabled << item << after;
-            };
-            row("", "......");
-            row("t", "U....A");
-            row("ts", "UXC.DA");
-            row("p", "...P..");
-            row("tsp", "UXCPDA", "EditUndo", "|xy");
-            row("tsp", "UXCPDA", "EditCut", "ab|c");
-            row("tsp", "UXCPDA", "EditCopy", "abc|c");
-            row("tsp", "UXCPDA", "EditPaste", "abxy|xy");
-            row("tsp", "UXCPDA", "EditClear", "ab|xy");
-        }
-    }
+    // The focused control enables the Edit items by its state: "abc" typed (t),
+    // "c" selected (s), "xy" on the clipboard (p); shown as the letters of Undo,
+    // Cut, Copy, Paste, Delete, Select All. An item then acts on that control,
+    // which leaves its text and the clipboard, and Select All selects it all.
     void editItems() {
-        QFETCH(bool, inArea);
-        QFETCH(QString, state);
-        QFETCH(QString, enabled);
-        QFETCH(QString, item);
-        QFETCH(QString, after);
-        QWidget* target = inArea ? static_cast<QWidget*>(area_) : field_;
-        target->setFocus();
-        QTRY_COMPARE(QApplication::focusWidget(), target);
-        if (state.contains(u'p'))
-            QGuiApplication::clipboard()->setText("xy");
-        if (state.contains(u't'))
-            QTest::keyClicks(target, "abc");
-        if (state.contains(u's'))
-            QTest::keyClick(target, Qt::Key_Left, Qt::ShiftModifier);
-        QString shown;
-        for (const char* name : edits_)
-            shown += bar_->item(name)->isEnabled() ? QChar(u"UXCPDA"[shown.size()]) : QChar(u'.');
-        QCOMPARE(shown, enabled);
-        if (item.isEmpty())
-            return;
-        bar_->item(item)->trigger();
-        const QString text = inArea ? area_->toPlainText() : field_->text();
-        QCOMPARE(text + "|" + QGuiApplication::clipboard()->text(), after);
-        bar_->item("EditSelectAll")->trigger();
-        QCOMPARE(inArea ? area_->textCursor().selectedText() : field_->selectedText(), text);
+        const std::tuple<QString, QString, const char*, QString> rows[] = {{"", "......", "", ""},
+            {"t", "U....A", "", ""}, {"ts", "UXC.DA", "", ""}, {"p", "...P..", "", ""},
+            {"tsp", "UXCPDA", "EditUndo", "|xy"}, {"tsp", "UXCPDA", "EditCut", "ab|c"},
+            {"tsp", "UXCPDA", "EditCopy", "abc|c"}, {"tsp", "UXCPDA", "EditPaste", "abxy|xy"},
+            {"tsp", "UXCPDA", "EditClear", "ab|xy"}};
+        for (const bool inArea : {false, true}) {
+            for (const auto& [state, enabled, item, after] : rows) {
+                cleanup();
+                init();
+                QWidget* target = inArea ? static_cast<QWidget*>(area_) : field_;
+                target->setFocus();
+                QTRY_COMPARE(QApplication::focusWidget(), target);
+                if (state.contains(u'p'))
+                    QGuiApplication::clipboard()->setText("xy");
+                if (state.contains(u't'))
+                    QTest::keyClicks(target, "abc");
+                if (state.contains(u's'))
+                    QTest::keyClick(target, Qt::Key_Left, Qt::ShiftModifier);
+                QString actual;
+                for (const char* name : edits_)
+                    actual += bar_->item(name)->isEnabled() ? QChar(u"UXCPDA"[actual.size()]) : QChar(u'.');
+                if (*item) {
+                    bar_->item(item)->trigger();
+                    const QString text = inArea ? area_->toPlainText() : field_->text();
+                    actual += " " + text + "|" + QGuiApplication::clipboard()->text();
+                    bar_->item("EditSelectAll")->trigger();
+                    QCOMPARE(inArea ? area_->textCursor().selectedText() : field_->selectedText(), text);
+                }
+                const QString row = QString(inArea ? "area " : "field ") + state + " " + item + ": ";
+                QCOMPARE(row + actual, row + enabled + (*item ? " " + after : ""));
+            }
+        }
     }
 
     void windowHandlerComesBeforeTheTextControl() {

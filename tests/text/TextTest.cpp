@@ -8,7 +8,6 @@
 
 #include <cmath>
 #include <cstdio>
-#include <cstring>
 #include <random>
 
 namespace tovarin {
@@ -73,22 +72,6 @@ TEST(Val, LongNumbersReadToTheNearestDoubleAsStrtodDoes) {
             EXPECT_EQ(Val(text + marker), std::strtod(text.c_str(), nullptr)) << marker;
     }
     EXPECT_EQ(Val("0." + std::string(5000, '0') + "1e5001"), 1.0);
-}
-
-TEST(Val, ShortestAndLongFormsOfRandomDoubles) {
-    std::mt19937_64 random(20260405);
-    char buffer[64];
-    for (int i = 0; i < 2000; ++i) {
-        double value = 0;
-        do {
-            const std::uint64_t bits = random();
-            std::memcpy(&value, &bits, sizeof value);
-        } while (!std::isfinite(value));
-        std::snprintf(buffer, sizeof buffer, "%.17g", value);
-        EXPECT_EQ(Val(buffer), value) << buffer;
-        std::snprintf(buffer, sizeof buffer, "%.25e", value);
-        EXPECT_EQ(Val(buffer), std::strtod(buffer, nullptr)) << buffer;
-    }
 }
 
 // Characters, not bytes; each byte that starts no well-formed sequence is one of its own.
