@@ -12,11 +12,7 @@
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);                               \
         start;                                                                                     \
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));                     \
-        int status = 0;                                                                            \
-        {                                                                                          \
-            TestObject test;                                                                       \
-            status = QTest::qExec(&test, argc, argv);                                              \
-        }                                                                                          \
+        const int status = [&] { TestObject test; return QTest::qExec(&test, argc, argv); }();     \
         stop;                                                                                      \
         return status;                                                                             \
     }

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# End to end, on a private X server: splash -> main window -> count 3 ->
-# "Load Data File" -> file dialog -> report -> select all, copy -> clipboard,
-# compared with what tovarin-report prints for the same file -> Ctrl+Q, exit 0.
+# End to end on a private X server: splash -> main window -> count 3 -> "Load
+# Data File" -> file dialog -> report -> select all, copy -> the clipboard equals
+# what tovarin-report prints for the same file -> Ctrl+Q ends with 0.
 #   report_roundtrip.sh TOVARIN TOVARIN_REPORT DATA_FILE
 # Exit status 77 (skipped) only when Xvfb, xdotool or xclip is not installed.
 set -euo pipefail
@@ -12,24 +12,14 @@ here=$(cd "$(dirname "$0")" && pwd)
 source "$here/xvfb.sh"
 source "$here/windows.sh"
 app_pid= app_log=$(mktemp)
-cleanup() {
-    [ -z "$app_pid" ] || kill -9 "$app_pid" 2>/dev/null || true
-    stop_xvfb
-    rm -f "$app_log"
-}
-trap cleanup EXIT
-fail() {
-    echo "FAIL: $*" >&2
-    cat "$app_log" >&2
-    exit 1
-}
+trap '[ -z "$app_pid" ] || kill -9 "$app_pid" 2>/dev/null; stop_xvfb; rm -f "$app_log"' EXIT
+fail() { echo "FAIL: $*" >&2 && cat "$app_log" >&2 && exit 1; }
 
 start_xvfb
 unset QT_QPA_PLATFORMTHEME QT_STYLE_OVERRIDE WAYLAND_DISPLAY
 QT_QPA_PLATFORM=xcb "$app" >"$app_log" 2>&1 &
 app_pid=$!
-splash=$(wait_for "the 450x350 splash" window_sized 450 350)
-click_at "$splash" 225 175
+click_at "$(wait_for "the 450x350 splash" window_sized 450 350)" 225 175
 main=$(wait_for "the main window" window_named Velmoran)
 # The menu bar sits above the 700x600 content, inside the same X window.
 eval "$(xdotool getwindowgeometry --shell "$main")"
@@ -48,16 +38,14 @@ copy_report() { # from the results area, once the report is complete
         xclip -o -selection clipboard | grep -q '^\*\* ' && xclip -o -selection clipboard
 }
 copied=$(wait_for "the report on the clipboard" copy_report)
+grep -q '^Date: .' <<<"$copied" || fail "no date line in the copied report"
 # Both with \n line ends and no empty lines at the end; the time of the run differs by nature.
 normalise() { tr '\r' '\n' | sed -e '/^Date: /d' -e :a -e '/^\n*$/{$d;N;ba' -e '}'; }
-diff <("$report_tool" 3 "$data_file" | normalise) <(printf '%s\n' "$copied" | normalise) >&2 ||
+diff <("$report_tool" 3 "$data_file" | normalise) <(normalise <<<"$copied") >&2 ||
     fail "the copied report (>) differs from tovarin-report's (<)"
-grep -q '^Date: .' <<<"$copied" || fail "no date line in the copied report"
 focus "$main"
 xdotool key ctrl+q
-status=0
 timeout "$step_timeout" tail --pid="$app_pid" -f /dev/null || fail "tovarin still running after Ctrl+Q"
-wait "$app_pid" || status=$?
+wait "$app_pid" || fail "tovarin ended with status $? after Ctrl+Q"
 app_pid=
-[ $status -eq 0 ] || fail "tovarin exited with status $status after Ctrl+Q"
-echo "PASS: the report copied from the window equals tovarin-report's; Ctrl+Q exits with 0"
+echo "PASS: the report copied from the window equals tovarin-report's; Ctrl+Q ends with 0"

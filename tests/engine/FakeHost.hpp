@@ -7,23 +7,20 @@
 
 namespace tovarin::test {
 
-// Records every call of a run in order: "message", "focus", "choose", "show",
-// "append", "bold START LENGTH"; the messages, the pieces and all the results.
+// Records every call of a run in order ("message", "focus", "choose", "show",
+// "append", "bold START LENGTH"), the messages and all the results.
 class FakeHost : public AnalysisHost {
 public:
-    std::string count;
+    std::string count, results;
     std::optional<std::filesystem::path> file;
-    std::vector<std::string> events, messages, pieces;
-    std::string results;
+    std::vector<std::string> events, messages;
 
     std::string countText() const override { return count; }
     void showMessage(const std::string& text) override { events.emplace_back("message"), messages.push_back(text); }
     void focusCountField() override { events.emplace_back("focus"); }
     std::optional<std::filesystem::path> chooseDataFile() override { return events.emplace_back("choose"), file; }
     void showResults() override { events.emplace_back("show"); }
-    void appendResults(std::string_view piece) override {
-        events.emplace_back("append"), pieces.emplace_back(piece), results += piece;
-    }
+    void appendResults(std::string_view piece) override { events.emplace_back("append"), results += piece; }
     void setResultsBold(std::int64_t start, std::int64_t length) override {
         events.push_back("bold " + std::to_string(start) + " " + std::to_string(length));
     }

@@ -1,5 +1,4 @@
-// The framework alone: the Edit items of the menu bar, failures in handlers,
-// the push button's press.
+// The framework alone: the Edit items of the menu bar and failures in handlers.
 #include "tests/QtTestMain.hpp"
 
 #include "engine/FileError.hpp"
@@ -13,8 +12,6 @@
 #include "framework/Window.hpp"
 
 #include <QClipboard>
-#include <QDialog>
-#include <QTimer>
 
 using namespace tovarin::fw;
 
@@ -127,28 +124,6 @@ private slots:
             QVERIFY(field_->text().isEmpty() && area_->toPlainText().isEmpty());
         }
         setUnhandledFailureHandler({});
-    }
-
-    // The handler runs at the press; a modal dialog it opens takes the release,
-    // and the button must not stay down.
-    void pushButtonActsOnPressAndComesUpAfterADialog() {
-        auto* button = new PushButton(window_->content());
-        button->setGeometry(10, 100, 100, 50);
-        button->show();
-        QPoint pressedAt;
-        button->setMouseDownHandler([&](int x, int y) {
-            pressedAt = QPoint(x, y);
-            QDialog dialog;
-            QTimer::singleShot(0, &dialog, [&] {
-                QTest::mouseRelease(dialog.windowHandle(), Qt::LeftButton, {}, QPoint(5, 5));
-                dialog.accept();
-            });
-            dialog.exec();
-            return false;
-        });
-        QTest::mousePress(window_->windowHandle(), Qt::LeftButton, {}, button->mapTo(window_, QPoint(30, 20)));
-        QCOMPARE(pressedAt, QPoint(30, 20));
-        QVERIFY(!button->isDown());
     }
 };
 
