@@ -1,31 +1,147 @@
-// The parts of the run: the line reader and the data lines, and the
-// statistics against an independent reference.
+// The analysis engine: the whole run through a recording host (the count
+// refusals, the ways a run ends, every hostile data file held in memory,
+// unreadable files), the line reader and the data lines, and the statistics
+// against an independent reference.
+#include "engine/AnalysisRun.hpp"
 #include "engine/BicStatistics.hpp"
 #include "engine/ByteSource.hpp"
+#include "engine/Credit.hpp"
 #include "engine/DataFileReader.hpp"
 #include "engine/FileError.hpp"
 #include "engine/LineReader.hpp"
+#include "engine/Messages.hpp"
 #include "tests/engine/FakeHost.hpp"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <random>
 
 namespace tovarin {
 namespace {
 
-// Hands out its bytes a few at a time, so line ends fall across reads.
-class TrickleSource : public MemorySource {
-public:
-    TrickleSource(std::string bytes, std::size_t step) : MemorySource(std::move(bytes)), step_(step) {}
-    std::size_t read(char* buffer, std::size_t size) override {
-        return MemorySource::read(buffer, std::min(size, step_));
-    }
+using Texts = std::vector<std::string>;
 
-private:
-    std::size_t step_;
+TEST(Run, RefusesCountsOutsideTwoToNinetyNineBeforeTheChooser) {
+    for (const char* count : {"", "1", "100", "0", "abc", "1.99", "99.01", " ", "1e400"}) {
+        test::FakeHost host;
+        host.count = count;
+        EXPECT_EQ(runAnalysis(host, "\r"), *count ? RunEnd::BadCount : RunEnd::EmptyCount);
+        EXPECT_EQ(host.messages, Texts{(*count ? kBadCountMessage : kEmptyCountMessage) + std::string("\r")});
+        EXPECT_EQ(host.events, (Texts{"message", "focus"})) << count;
+    }
+}
+
+struct RunCase {
+    const char* name; // for the test output
+    std::string count, bytes;
+    RunEnd end;
+    Texts messages;
+    int rows;        // of the report
+    Texts reportHas; // with "\r" line ends
+};
+
+void PrintTo(const RunCase& c, std::ostream* out) { *out << c.name; }
+
+// The texts `piece` gives for 1 to n, joined.
+std::string joined(int n, const std::function<std::string(int)>& piece) {
+    std::string text;
+    for (int i = 1; i <= n; ++i)
+        text += piece(i);
+    return text;
+}
+
+class Run : public ::testing::TestWithParam<RunCase> {};
+
+TEST_P(Run, EndsAsExpected) {
+    const RunCase& c = GetParam();
+    test::FakeHost host;
+    host.count = c.count;
+    host.file = "/data/models.txt";
+    EXPECT_EQ(runAnalysis(host, "\r", [&](const auto& file) { return std::make_unique<MemorySource>(c.bytes, file); }),
+              c.end);
+    EXPECT_EQ(host.messages, c.messages);
+    // Each message takes the focus to the count field; a report shows the area
+    // first, and the bold over the start of the results comes before its closing piece.
+    std::string events, expected = "choose,";
+    for (const std::string& event : host.events)
+        events += event + ",";
+    for (std::size_t i = 0; i < c.messages.size(); ++i)
+        expected += "message,focus,";
+    if (c.end != RunEnd::Report) {
+        EXPECT_EQ(events, expected);
+        return;
+    }
+    EXPECT_EQ(events.substr(0, expected.size() + 12), expected + "show,append,");
+    EXPECT_TRUE(events.ends_with(",bold 1 100,append,")) << events;
+    EXPECT_TRUE(host.results.ends_with("\r" + std::string(kCreditLine) + "\r\r\r"));
+    EXPECT_EQ(std::count(host.results.begin(), host.results.end(), '\r'), 13 + c.rows);
+    EXPECT_EQ(host.results.find('\n'), std::string::npos);
+    EXPECT_NE(host.results.find("\rFile: models.txt\r"), std::string::npos);
+    for (const std::string& text : c.reportHas)
+        EXPECT_NE(host.results.find(text), std::string::npos) << text << " in\n" << host.results;
+}
+
+const std::string kZero = kZeroBicMessage;
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Counts, Run, ::testing::Values(
+    RunCase{"2.9 is 2", "2.9", "A\t10\nB\t20\nC\t30\n", RunEnd::Report, {}, 2, {"\rB "}},
+    RunCase{"+3", " +3", "A\t10\nB\t20\nC\t30\n", RunEnd::Report, {}, 3, {"\rC "}},
+    RunCase{"99 from 3 lines", "99", "A\t10\nB\t20\nC\t30\n", RunEnd::Report, {kZero}, 99, {}}));
+
+// Each hostile file ends in a defined way: a report (after any message) or a message alone.
+INSTANTIATE_TEST_SUITE_P(HostileFiles, Run, ::testing::Values(
+    RunCase{"no low BIC", "2", "A\t99999999999\nB\t1e12\n", RunEnd::NoLowBic, {kNoLowBicMessage}, 0, {}},
+    RunCase{"1e400 everywhere", "2", "A\t1e400\nB\t1e400\n", RunEnd::NoLowBic, {kNoLowBicMessage}, 0, {}},
+    RunCase{"missing line reads as 0", "3", "A\t5\nB\t7\n", RunEnd::Report, {kZero}, 3,
+            {"\r                    +0.0"}},
+    RunCase{"empty file", "3", "", RunEnd::Report, {kZero}, 3, {"+0.0"}},
+    RunCase{"binary", "5", joined(1024, [](int i) { return std::string(1, char(i % 256)); }), RunEnd::Report, {kZero}, 5, {"+0.0"}},
+    RunCase{"NUL bytes", "3", std::string("Al\0pha\t10\n\0\0\t20\nGamma\t30\0x\n", 26), RunEnd::Report,
+            {}, 3, {"Gamma", "+10.0", "+20.0", "+30.0"}},
+    RunCase{"invalid UTF-8", "3", "\xff\xfe" "Alpha\t10\n\xc3(Beta\t20\n\xe2\x82Gam\xed\xa0\x80\t30\n",
+            RunEnd::Report, {}, 3, {"+10.0", "+20.0", "+30.0"}},
+    RunCase{"byte order mark stays in the name", "2", "\xef\xbb\xbf" "Alpha\t10\nBeta\t20\n", RunEnd::Report,
+            {}, 2, {"\xef\xbb\xbf" "Alpha", "+20.0"}},
+    RunCase{"only CRs", "4", std::string(1000, '\r'), RunEnd::Report, {kZero}, 4, {"+0.0"}},
+    RunCase{"CR line ends", "2", "Alpha\t10\rBeta\t20\r", RunEnd::Report, {}, 2, {"Beta", "+20.0"}},
+    RunCase{"CR LF and commas", "2", "Alpha,10\r\nBeta,20\r\n", RunEnd::Report, {}, 2, {"Beta", "+20.0"}},
+    RunCase{"line of 50 MB", "2", "Alpha\t10\n" + std::string(50'000'000, 'B') + "\t20\n", RunEnd::Report,
+            {}, 2, {"Alpha", "BBBBBBBB ", "+20.0"}},
+    RunCase{"1e400", "2", "Big\t1e400\nSmall\t20\n", RunEnd::Report, {}, 2, {"+inf", ">99999", "<.0001"}},
+    RunCase{"-1e400", "2", "Neg\t-1e400\nSmall\t20\n", RunEnd::Report, {kZero}, 2, {"-inf", "+20.0"}},
+    RunCase{"nan and inf are words", "3", "A\tnan\nB\tinf\nC\t20\n", RunEnd::Report, {kZero}, 3, {"+0.0"}},
+    RunCase{"denormal", "2", "Tiny\t4.9e-324\nSmall\t20\n", RunEnd::Report, {kZero}, 2, {"Tiny", "+0.0"}},
+    RunCase{"5,000 digits", "3", "Huge\t1" + std::string(4999, '0') + "\nExact\t12." + std::string(4998, '0') +
+            "1\nSmall\t20\n", RunEnd::Report, {}, 3, {"+inf", "+12.0", "+20.0"}},
+    RunCase{"names of 10,000 characters", "2", std::string(10000, 'N') + "\t10\n" + joined(10000, [](int) { return "é"; }) +
+            "\t20\n", RunEnd::Report, {}, 2, {"\rNNNNNNNN    +10.0 ", "\réééééééé    +20.0 "}},
+    RunCase{"10,000 lines", "99", joined(10000, [](int i) { return "Model" + std::to_string(i) + "\t" + std::to_string(1000 + i) + "\n"; }), RunEnd::Report, {}, 99, {"Model1 ", "Model99 ", "+1099.0"}}));
+// clang-format on
+
+TEST(Run, UnreadableFileRaisesWithItsReasonBeforeAnyPiece) {
+    test::FakeHost host;
+    host.count = "2";
+    for (const auto& [file, reason] : {std::pair{std::filesystem::temp_directory_path(), "directory"},
+                                       {std::filesystem::path("/dev/zero"), "longer than"}}) {
+        host.file = file;
+        try {
+            ADD_FAILURE() << "no error for " << file << (runAnalysis(host), "");
+        } catch (const FileError& error) {
+            EXPECT_EQ(error.file(), file);
+            EXPECT_NE(std::string(error.what()).find(reason), std::string::npos) << error.what();
+        }
+    }
+    EXPECT_EQ(host.events, (Texts{"choose", "choose"}));
+}
+
+// Hands out its bytes a few at a time, so line ends fall across reads.
+struct TrickleSource : MemorySource {
+    TrickleSource(std::string bytes, std::size_t step) : MemorySource(std::move(bytes)), step(step) {}
+    std::size_t read(char* buffer, std::size_t size) override { return MemorySource::read(buffer, std::min(size, step)); }
+    std::size_t step;
 };
 
 TEST(ReadLine, SplitsAtEveryKindOfLineEndWhereverReadsEnd) {

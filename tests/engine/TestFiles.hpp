@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
-#include <string>
 
 namespace tovarin::test {
 
@@ -11,10 +10,7 @@ namespace tovarin::test {
 class TempFolder {
 public:
     TempFolder() { std::filesystem::create_directories(path_); }
-    ~TempFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
+    ~TempFolder() { std::filesystem::remove_all(path_, ignored_); }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
     std::filesystem::path write(const std::string& name, const std::string& bytes) const {
@@ -26,6 +22,7 @@ public:
 private:
     std::filesystem::path path_ = std::filesystem::temp_directory_path() /
                                   ("tovarin-test-" + std::to_string(std::random_device{}()) + std::to_string(std::random_device{}()));
+    std::error_code ignored_;
 };
 
 } // namespace tovarin::test
