@@ -13,6 +13,5 @@
         start;                                                                                     \
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));                     \
         const int status = [&] { TestObject test; return QTest::qExec(&test, argc, argv); }();     \
-        stop;                                                                                      \
-        return status;                                                                             \
+        return stop, status;                                                                       \
     }

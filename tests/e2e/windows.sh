@@ -2,7 +2,7 @@
 # app_pid (the application's process) and defines fail MESSAGE.
 step_timeout=${step_timeout:-15} # seconds for any one wait
 
-# Repeats COMMAND until it succeeds with some output or step_timeout passes; prints that output.
+# wait_for WHAT COMMAND...: repeats COMMAND until it prints something, and prints that.
 wait_for() {
     local what=$1 deadline=$((SECONDS + step_timeout)) out
     shift
@@ -32,6 +32,5 @@ focus() {
         sleep 0.05
     done
 }
-# WINDOW X Y, in window coordinates. No --sync: it waits its full 15 s when the
-# pointer is already at the spot, and the server takes motion and press in order.
+# WINDOW X Y, in window coordinates; no --sync, which waits 15 s when the pointer is already there.
 click_at() { xdotool mousemove --window "$1" "$2" "$3" click 1; }

@@ -1,8 +1,7 @@
-# Sourced by the scripts that drive Tovarin on a private X server.
-# start_xvfb [GEOMETRY] sets DISPLAY and XVFB_PID; stop_xvfb ends that server.
-
-# Xvfb picks a free display itself and writes its number once it accepts
-# clients; -noreset keeps a stray client's disconnect from resetting it.
+# Sourced by the scripts that drive Tovarin on a private X server. start_xvfb
+# [GEOMETRY] sets DISPLAY and XVFB_PID; stop_xvfb ends that server. Xvfb picks a
+# free display and writes its number once it accepts clients; -noreset keeps a
+# stray client's disconnect from resetting it.
 start_xvfb() {
     local number_file tries=0
     number_file=$(mktemp)

@@ -46,14 +46,12 @@ TEST(Format, RoundsLikePrintfAndReadsBackAsShown) {
 }
 
 TEST(Val, TheNumberAtTheFrontWithItsSign) {
-    // clang-format off
     const std::pair<const char*, double> cases[] = {{"", 0}, {"abc", 0}, {"-", 0}, {".", 0}, {"-.", 0},
         {"12abc", 12}, {"2e", 2}, {"2e+", 2}, {"2E-x", 2}, {".5", 0.5}, {"5.", 5}, {"   +67.82", 67.82},
         {"5.e2", 500}, {"-.5e1", -5}, {"+-5", 0}, {"- 5", 0}, {"\t5", 0}, {"1,5", 1}, {"1.2.3", 1.2},
         {"0x1A", 0}, {"inf", 0}, {"nan", 0}, {"-0", -0.0}, {"1e400", HUGE_VAL}, {"-1e400", -HUGE_VAL},
         {"-1e-400", -0.0}, {"0.000e99999999999999999999999", 0}, {"1e99999999999999999999999", HUGE_VAL},
         {"1000e-99999999999999999999", 0}, {"-0.001e99999999999999999999", -HUGE_VAL}};
-    // clang-format on
     for (const auto& [text, expected] : cases)
         EXPECT_TRUE(Val(text) == expected && std::signbit(Val(text)) == std::signbit(expected)) << '"' << text << '"';
 }
@@ -76,12 +74,10 @@ TEST(Val, LongNumbersReadToTheNearestDoubleAsStrtodDoes) {
 
 // Characters, not bytes; each byte that starts no well-formed sequence is one of its own.
 TEST(Characters, LenAndLeft) {
-    // clang-format off
     const std::tuple<std::string, std::int64_t, std::int64_t, std::string> cases[] = {
         {"ABCDEFGHIJ", 10, 8, "ABCDEFGH"}, {"abc", 3, -5, ""}, {"日本語モデル名です", 9, 8, "日本語モデル名で"},
         {"😀😀x", 3, 1, "😀"}, {"\xc0\xaf", 2, 1, "\xc0"}, {"\xed\xa0\x80", 3, 1, "\xed"},
         {"\xf4\x90\x80\x80", 4, 2, "\xf4\x90"}, {"\xe2\x80" "a–", 4, 3, "\xe2\x80" "a"}};
-    // clang-format on
     for (const auto& [text, length, count, left] : cases)
         EXPECT_EQ(std::to_string(Len(text)) + std::string(Left(text, count)), std::to_string(length) + left);
     // Any bytes at all are cut cleanly: the parts add up.

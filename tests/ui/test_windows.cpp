@@ -1,7 +1,5 @@
-// The program on the offscreen platform, the dialogs answered by the test:
-// its start-up with no pictures to be found and the splash, the main window's
-// key filters and the ways a run ends there, the menu items each window
-// enables, the Information window, closing and quitting.
+// The program on the offscreen platform, the dialogs answered by the test: start-up and the
+// splash, the main window's key filters and run endings, the menus, the Information window, quitting.
 #include "tests/QtTestMain.hpp"
 
 #include "app/Startup.hpp"
@@ -9,7 +7,6 @@
 #include "framework/Canvas.hpp"
 #include "framework/Dialogs.hpp"
 #include "framework/PictureFile.hpp"
-#include "ui/AppPictures.hpp"
 #include "ui/main/ControlWnd.hpp"
 #include "ui/main/MenuBar1.hpp"
 #include "ui/secondary/AboutWnd.hpp"
@@ -67,8 +64,7 @@ class WindowsTest : public QObject {
     QTemporaryDir folder_;
 
 private slots:
-    // The splash alone, whose timer shows the main window after 4000 ms; a
-    // missing picture is no failure, and it is read again until it is found.
+    // The splash alone, whose timer shows the main window after 4000 ms; a missing picture is no failure.
     void initTestCase() {
         init();
         QElapsedTimer sinceSplash;
@@ -81,8 +77,6 @@ private slots:
         QVERIFY(window().isVisible() && !about.isVisible() && !about.control<QTimer>("Timer1")->isActive());
         QVERIFY(about.control<fw::Canvas>("Canvas2")->backdrop().isNull() && window().Canvas1()->backdrop().isNull());
         QCOMPARE(messages_ + failures_, QStringList());
-        fw::setPictureFolder(TOVARIN_TEST_PICTURES);
-        QCOMPARE(Icon256().size(), QSize(256, 256));
     }
 
     // Each test starts from a main window made afresh, shown and active.
