@@ -1,16 +1,13 @@
 #!/usr/bin/env bash
-# End to end on a private X server: splash -> main window -> count 3 -> "Load
-# Data File" -> file dialog -> report -> select all, copy -> the clipboard equals
-# what tovarin-report prints for the same file -> Ctrl+Q ends with 0.
-#   report_roundtrip.sh TOVARIN TOVARIN_REPORT DATA_FILE
-# Exit status 77 (skipped) only when Xvfb, xdotool or xclip is not installed.
+# report_roundtrip.sh TOVARIN TOVARIN_REPORT DATA_FILE, on a private X server: splash -> main window
+# -> count 3 -> Load Data File -> file dialog -> report -> select all, copy -> the clipboard equals
+# tovarin-report's output -> Ctrl+Q ends with 0. Exit status 77 (skipped): Xvfb, xdotool or xclip missing.
 set -euo pipefail
 app=$(realpath "$1") report_tool=$(realpath "$2") data_file=$(realpath "$3")
 command -v Xvfb >/dev/null && command -v xdotool >/dev/null && command -v xclip >/dev/null ||
     { echo "SKIP: Xvfb, xdotool or xclip is not installed" && exit 77; }
-here=$(cd "$(dirname "$0")" && pwd)
-source "$here/xvfb.sh"
-source "$here/windows.sh"
+source "$(dirname "$0")/xvfb.sh"
+source "$(dirname "$0")/windows.sh"
 app_pid= app_log=$(mktemp)
 trap '[ -z "$app_pid" ] || kill -9 "$app_pid" 2>/dev/null; stop_xvfb; rm -f "$app_log"' EXIT
 fail() { echo "FAIL: $*" >&2 && cat "$app_log" >&2 && exit 1; }
