@@ -26,9 +26,7 @@ click_at "$main" $((dx + 260)) $((dy + 176)) # the count field
 xdotool type --delay 30 3
 click_at "$main" $((dx + 107)) $((dy + 555)) # Load Data File
 dialog=$(wait_for "the file dialog" other_window "$main")
-focus "$dialog"
-xdotool type --delay 10 "$data_file"
-xdotool key Return
+focus "$dialog" && xdotool type --delay 10 "$data_file" && xdotool key Return
 wait_for "the file dialog to close" window_gone "$dialog" >/dev/null
 copy_report() { # from the results area, once the report is complete
     focus "$main" && click_at "$main" $((dx + 350)) $((dy + 355)) && xdotool key ctrl+a ctrl+c &&
@@ -40,8 +38,7 @@ grep -q '^Date: .' <<<"$copied" || fail "no date line in the copied report"
 normalise() { tr '\r' '\n' | sed -e '/^Date: /d' -e :a -e '/^\n*$/{$d;N;ba' -e '}'; }
 diff <("$report_tool" 3 "$data_file" | normalise) <(normalise <<<"$copied") >&2 ||
     fail "the copied report (>) differs from tovarin-report's (<)"
-focus "$main"
-xdotool key ctrl+q
+focus "$main" && xdotool key ctrl+q
 timeout "$step_timeout" tail --pid="$app_pid" -f /dev/null || fail "tovarin still running after Ctrl+Q"
 wait "$app_pid" || fail "tovarin ended with status $? after Ctrl+Q"
 app_pid=

@@ -1,5 +1,4 @@
-# Sourced by the scripts that drive Tovarin with xdotool. The caller sets
-# app_pid (the application's process) and defines fail MESSAGE.
+# Sourced by the scripts that drive Tovarin with xdotool; the caller sets app_pid and defines fail MESSAGE.
 step_timeout=${step_timeout:-15} # seconds for any one wait
 
 # wait_for WHAT COMMAND...: repeats COMMAND until it prints something, and prints that.
@@ -23,8 +22,7 @@ window_sized() { app_windows | awk -v w="$1" -v h="$2" '$2 == w && $3 == h { pri
 window_named() { app_windows | awk -v n="$1" '{ id = $1; $1 = $2 = $3 = ""; sub(/^ +/, ""); if ($0 == n) { print id; exit } }'; }
 other_window() { app_windows | awk -v not="$1" '$1 != not { print $1; exit }'; }
 window_gone() { xdotool search --onlyvisible --pid "$app_pid" 2>/dev/null | grep -qx "$1" || echo gone; }
-# Without a window manager nobody hands out the keyboard focus: give it by hand,
-# and again if the application moves it elsewhere in the meantime.
+# Without a window manager nobody hands out the keyboard focus: give it, again if it moves meanwhile.
 focus() {
     local deadline=$((SECONDS + step_timeout))
     until xdotool windowfocus "$1" && [ "$(xdotool getwindowfocus -f)" = "$1" ]; do

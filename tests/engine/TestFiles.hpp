@@ -11,8 +11,6 @@ class TempFolder {
 public:
     TempFolder() { std::filesystem::create_directories(path_); }
     ~TempFolder() { std::filesystem::remove_all(path_, ignored_); }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
     std::filesystem::path write(const std::string& name, const std::string& bytes) const {
         std::ofstream(path_ / name, std::ios::binary) << bytes;
         return path_ / name;

@@ -24,7 +24,9 @@ class FrameworkTest : public QObject {
     TextArea* area_ = nullptr;
 
 private slots:
+    // Each test, and each row, starts from a new bar and a new window with a field and an area.
     void init() {
+        delete window_;
         bar_ = std::make_unique<MenuBar>();
         bar_->addMenu("EditMenu", "&Edit");
         for (const char* item : edits_)
@@ -37,10 +39,6 @@ private slots:
         window_->showWindow();
         QVERIFY(QTest::qWaitForWindowActive(window_));
         QGuiApplication::clipboard()->clear();
-    }
-    void cleanup() {
-        delete window_;
-        bar_.reset();
     }
 
     // The focused control enables the Edit items by its state: "abc" typed (t),
@@ -55,7 +53,6 @@ private slots:
             {"tsp", "UXCPDA", "EditClear", "ab|xy"}};
         for (const bool inArea : {false, true}) {
             for (const auto& [state, enabled, item, after] : rows) {
-                cleanup();
                 init();
                 QWidget* target = inArea ? static_cast<QWidget*>(area_) : field_;
                 target->setFocus();

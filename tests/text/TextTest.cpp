@@ -84,8 +84,7 @@ TEST(Characters, LenAndLeft) {
     std::mt19937 random(11);
     for (int i = 0; i < 2000; ++i) {
         std::string bytes(random() % 24, '\0');
-        for (char& c : bytes)
-            c = static_cast<char>(random() % 6 == 0 ? random() % 128 : 0x80 + random() % 128);
+        std::generate(bytes.begin(), bytes.end(), [&] { return char(random() % 6 ? 0x80 + random() % 128 : random() % 128); });
         for (std::int64_t n = 0; n <= Len(bytes); ++n) {
             const std::string_view left = Left(bytes, n);
             ASSERT_EQ(bytes.compare(0, left.size(), left), 0);

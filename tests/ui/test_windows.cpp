@@ -27,11 +27,6 @@ ControlWnd& window() {
     return fw::instance<ControlWnd>();
 }
 
-QTemporaryDir& emptyFolder() {
-    static QTemporaryDir folder;
-    return folder;
-}
-
 // Presses and releases the key a keyboard gives for a code.
 void press(QWidget* control, int code) {
     static const QHash<int, Qt::Key> named = {{8, Qt::Key_Backspace}, {9, Qt::Key_Tab}, {13, Qt::Key_Return},
@@ -111,14 +106,12 @@ private slots:
         const QString printable = " .0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_`abcdefghijklmnopqrstuvwxyz";
         const bool accepted = countField ? QList<int>{8, 9, 28, 29, 127}.contains(code) || (code >= '0' && code <= '9')
                                          : QList<int>{8, 9, 13, 127}.contains(code) || printable.contains(QChar(code));
-        QCOMPARE(beeps_, accepted ? 0 : 1);
         const QString typed = accepted && code >= 32 && code != 127 ? QString(QChar(code)) : QString();
         // Tab types nothing and leads to the count field, the one tab stop.
         QCOMPARE(QApplication::focusWidget(), countField || (accepted && code == 9) ? window().pFld() : field);
-        QVERIFY(results.isVisible());
         const QHash<int, QString> edits = {{8, "y"}, {13, "x\ny"}, {127, "x"}};
-        QCOMPARE(window().pFld()->text() + "|" + results.toPlainText(),
-                 countField ? typed + "|" : accepted && edits.contains(code) ? "|" + edits[code] : "|x" + typed + "y");
+        QCOMPARE(QString::number(beeps_) + " beeps|" + window().pFld()->text() + "|" + results.toPlainText() + (results.isVisible() ? "" : " hidden"),
+                 (accepted ? "0 beeps|" : "1 beeps|") + (countField ? typed + "|" : accepted && edits.contains(code) ? "|" + edits[code] : "|x" + typed + "y"));
     }
 
     // A message leaves the focus in the count field, anything else where it
@@ -270,6 +263,6 @@ private slots:
     }
 };
 
-TOVARIN_QT_TEST_MAIN(WindowsTest, tovarin::fw::setPictureFolder(emptyFolder().path()); tovarin::EarlyStartup(),
-                     tovarin::ShutDown())
+TOVARIN_QT_TEST_MAIN(WindowsTest, QTemporaryDir noPictures; tovarin::fw::setPictureFolder(noPictures.path());
+                     tovarin::EarlyStartup(), tovarin::ShutDown())
 #include "test_windows.moc"
