@@ -139,11 +139,11 @@ private slots:
                 QVERIFY(::mkfifo(QFile::encodeName(path).constData(), 0644) == 0 || QFile::exists(path));
             else if (!choice.isEmpty())
                 QVERIFY(file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.flush());
-            fw::setFileChooserHandler([&]() -> std::optional<QString> {
+            fw::setFileChooserHandler([this, path, chosen = choice]() -> std::optional<QString> {
                 ++choices_;
-                if (choice == "gone.txt")
+                if (chosen == "gone.txt")
                     QFile::remove(path);
-                return choice.isEmpty() ? std::nullopt : std::optional(path);
+                return chosen.isEmpty() ? std::nullopt : std::optional(path);
             });
             const QString earlier = choice == "first.txt" ? "" : "an earlier report";
             if (!earlier.isEmpty())
