@@ -21,12 +21,13 @@ void appendFixedCell(std::string& out, std::string_view text, std::int64_t width
 // zero or below.
 void appendShrinkingCell(std::string& out, std::string_view text, std::int64_t width);
 
+// Each text below is a view into `buffer` or of a constant.
+
 // The posterior probability as printed: "<.0001" when the printed number is
 // below 0.0001. A NaN prints as "nan" rather than pass for a tiny probability.
+std::string_view probabilityText(double probability, FormatBuffer& buffer);
 // The Bayes factor as printed: ">99999" when the printed number is above
 // 99999, and for +inf. A NaN prints as "nan" rather than pass for a number.
-// Each text is a view into `buffer` or of a constant.
-std::string_view probabilityText(double probability, FormatBuffer& buffer);
 std::string_view bayesFactorText(double bayesFactor, FormatBuffer& buffer);
 
 } // namespace tovarin
