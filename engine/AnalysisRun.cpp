@@ -16,9 +16,6 @@ namespace tovarin {
 
 namespace {
 
-constexpr double kMinModels = 2.0;
-constexpr double kMaxModels = 99.0;
-
 void refuse(AnalysisHost& host, const std::string& message) {
     host.showMessage(message);
     host.focusCountField();
@@ -61,7 +58,7 @@ RunEnd runAnalysis(AnalysisHost& host, const std::string& lineEnd, const DataFil
     }
     // The bounds apply to the number as read, before it is cut to a whole count.
     const double wanted = Val(count);
-    if (wanted < kMinModels || wanted > kMaxModels) {
+    if (wanted < ModelSet::kMinModels || wanted > ModelSet::kMaxModels) {
         refuse(host, kBadCountMessage + lineEnd);
         return RunEnd::BadCount;
     }

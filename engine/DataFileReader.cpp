@@ -41,8 +41,8 @@ void splitDataLine(std::string& line, ModelRow& row) {
     }
     std::replace(line.begin(), line.end(), '\t', ',');
     line = ReplaceAll(line, systemEnd, ",");
-    row.name = nthFieldView(line, ",", 1);
-    row.bicText = nthFieldView(line, ",", 2);
+    row.name = NthField(line, ",", 1);
+    row.bicText = NthField(line, ",", 2);
 }
 
 void readModels(LineReader& reader, ModelSet& set) {
@@ -53,7 +53,7 @@ void readModels(LineReader& reader, ModelSet& set) {
     }
     for (std::int64_t i = 1; i <= set.modelCount; ++i) {
         ModelRow& row = set.row(i);
-        row.name.erase(leftView(row.name, kNameCharacters).size());
+        row.name.erase(Left(row.name, kNameCharacters).size());
         row.bic = Val(row.bicText);
     }
 }

@@ -20,6 +20,8 @@ struct ModelRow {
 // the order of the data file; rows[0] is never used, so that a lowIndex of 0
 // can mean "no best model yet".
 struct ModelSet {
+    // How many models a set may hold.
+    static constexpr std::int64_t kMinModels = 2;
     static constexpr std::int64_t kMaxModels = 99;
 
     std::int64_t modelCount = 0;

@@ -23,11 +23,11 @@ constexpr std::array<char, kPadLength> kPad = [] {
 constexpr double kBayesFactorShortcut = 100000.0;
 constexpr double kProbabilityShortcut = 0.00004;
 
-// Left of the text followed by padText, appended without building that text first.
+// Left of the text followed by the padding, appended without building that text first.
 void appendLeftOfPadded(std::string& out, std::string_view text, std::int64_t textLength,
                         std::int64_t count) {
     if (count <= textLength) {
-        out += leftView(text, count);
+        out += Left(text, count);
         return;
     }
     const auto spaces =
@@ -40,10 +40,6 @@ void appendLeftOfPadded(std::string& out, std::string_view text, std::int64_t te
 }
 
 } // namespace
-
-std::string_view padText() {
-    return {kPad.data(), kPad.size()};
-}
 
 const std::string& ruleLine() {
     static const std::string rule = [] {
@@ -66,18 +62,6 @@ void appendShrinkingCell(std::string& out, std::string_view text, std::int64_t w
     appendLeftOfPadded(out, text, length, width - length);
 }
 
-std::string fixedCell(std::string_view text, std::int64_t width) {
-    std::string cell;
-    appendFixedCell(cell, text, width);
-    return cell;
-}
-
-std::string shrinkingCell(std::string_view text, std::int64_t width) {
-    std::string cell;
-    appendShrinkingCell(cell, text, width);
-    return cell;
-}
-
 // The replacements test the number that the text shows, not the stored double,
 // so a value that prints as 0.0001 or 99999.0 keeps its digits. Rounding to
 // four or two places may bring a value onto 0.0001 or 99999 but never past
@@ -89,7 +73,7 @@ std::string_view probabilityText(double probability, FormatBuffer& buffer) {
     if (probability < kProbabilityShortcut) {
         return "<.0001";
     }
-    const std::string_view text = formatTo(buffer, probability, kProbabilityNumberMask);
+    const std::string_view text = formatTo(buffer, probability, kProbabilityMask);
     if (probability < kZeroBicLimit && kZeroBicLimit > Val(text)) {
         return "<.0001";
     }
@@ -100,21 +84,11 @@ std::string_view bayesFactorText(double bayesFactor, FormatBuffer& buffer) {
     if (bayesFactor >= kBayesFactorShortcut) {
         return ">99999";
     }
-    const std::string_view text = formatTo(buffer, bayesFactor, kBayesFactorNumberMask);
+    const std::string_view text = formatTo(buffer, bayesFactor, kBayesFactorMask);
     if (bayesFactor >= kBayesFactorLimit && Val(text) > kBayesFactorLimit) {
         return ">99999";
     }
     return text;
-}
-
-std::string probabilityText(double probability) {
-    FormatBuffer buffer; // NOLINT: filled as far as it is used
-    return std::string(probabilityText(probability, buffer));
-}
-
-std::string bayesFactorText(double bayesFactor) {
-    FormatBuffer buffer; // NOLINT: filled as far as it is used
-    return std::string(bayesFactorText(bayesFactor, buffer));
 }
 
 } // namespace tovarin

@@ -35,10 +35,10 @@ void appendRow(AnalysisHost& host, const ModelRow& row, const std::string& lineE
     appendShrinkingCell(piece, row.name, kNameWidth);
     host.appendResults(piece);
     piece.clear();
-    appendShrinkingCell(piece, formatTo(number, row.bic, kBicNumberMask), kBicWidth);
+    appendShrinkingCell(piece, formatTo(number, row.bic, kBicMask), kBicWidth);
     host.appendResults(piece);
     piece.clear();
-    appendShrinkingCell(piece, formatTo(number, row.difference, kDifferenceNumberMask),
+    appendShrinkingCell(piece, formatTo(number, row.difference, kDifferenceMask),
                         kDifferenceWidth);
     host.appendResults(piece);
     piece.clear();

@@ -30,74 +30,74 @@ bool clipboardHasText() {
     return data && data->hasText();
 }
 
-// The Edit items are served by the focused text control, by item name.
+// The Edit items are served by the focused text control, by item name: per
+// item, when it is enabled and what it does, in a line field and in a text area.
+struct EditItem {
+    const char16_t* name;
+    bool (*fieldEnabled)(const QLineEdit&);
+    void (*fieldAction)(QLineEdit&);
+    bool (*areaEnabled)(const QTextEdit&);
+    void (*areaAction)(QTextEdit&);
+};
+
+bool hasSelection(const QTextEdit& area) {
+    return area.textCursor().hasSelection();
+}
+
+// clang-format off
+const EditItem kEditItems[] = {
+    {u"EditUndo",
+     [](const QLineEdit& f) { return !f.isReadOnly() && f.isUndoAvailable(); }, [](QLineEdit& f) { f.undo(); },
+     [](const QTextEdit& a) { return !a.isReadOnly() && a.document()->isUndoAvailable(); },
+     [](QTextEdit& a) { a.undo(); }},
+    {u"EditCut",
+     [](const QLineEdit& f) { return !f.isReadOnly() && f.hasSelectedText(); }, [](QLineEdit& f) { f.cut(); },
+     [](const QTextEdit& a) { return !a.isReadOnly() && hasSelection(a); }, [](QTextEdit& a) { a.cut(); }},
+    {u"EditCopy",
+     [](const QLineEdit& f) { return f.hasSelectedText() && f.echoMode() == QLineEdit::Normal; },
+     [](QLineEdit& f) { f.copy(); },
+     [](const QTextEdit& a) { return hasSelection(a); }, [](QTextEdit& a) { a.copy(); }},
+    {u"EditPaste",
+     [](const QLineEdit& f) { return !f.isReadOnly() && clipboardHasText(); }, [](QLineEdit& f) { f.paste(); },
+     [](const QTextEdit& a) { return !a.isReadOnly() && a.canPaste(); }, [](QTextEdit& a) { a.paste(); }},
+    {u"EditClear",
+     [](const QLineEdit& f) { return !f.isReadOnly() && f.hasSelectedText(); }, [](QLineEdit& f) { f.del(); },
+     [](const QTextEdit& a) { return !a.isReadOnly() && hasSelection(a); },
+     [](QTextEdit& a) { a.textCursor().removeSelectedText(); }},
+    {u"EditSelectAll",
+     [](const QLineEdit& f) { return !f.text().isEmpty(); }, [](QLineEdit& f) { f.selectAll(); },
+     [](const QTextEdit& a) { return !a.document()->isEmpty(); }, [](QTextEdit& a) { a.selectAll(); }},
+};
+// clang-format on
+
+const EditItem* editItem(const QString& name) {
+    for (const EditItem& item : kEditItems) {
+        if (name == QStringView(item.name))
+            return &item;
+    }
+    return nullptr;
+}
+
 bool editItemEnabled(const QString& name, QWidget* focus) {
-    if (auto* field = qobject_cast<QLineEdit*>(focus)) {
-        const bool writable = !field->isReadOnly();
-        if (name == u"EditUndo")
-            return writable && field->isUndoAvailable();
-        if (name == u"EditCut" || name == u"EditClear")
-            return writable && field->hasSelectedText();
-        if (name == u"EditCopy")
-            return field->hasSelectedText() && field->echoMode() == QLineEdit::Normal;
-        if (name == u"EditPaste")
-            return writable && clipboardHasText();
-        if (name == u"EditSelectAll")
-            return !field->text().isEmpty();
+    const EditItem* item = editItem(name);
+    if (!item)
         return false;
-    }
-    if (auto* area = qobject_cast<QTextEdit*>(focus)) {
-        const bool writable = !area->isReadOnly();
-        const bool selection = area->textCursor().hasSelection();
-        if (name == u"EditUndo")
-            return writable && area->document()->isUndoAvailable();
-        if (name == u"EditCut" || name == u"EditClear")
-            return writable && selection;
-        if (name == u"EditCopy")
-            return selection;
-        if (name == u"EditPaste")
-            return writable && area->canPaste();
-        if (name == u"EditSelectAll")
-            return !area->document()->isEmpty();
-        return false;
-    }
+    if (auto* field = qobject_cast<QLineEdit*>(focus))
+        return item->fieldEnabled(*field);
+    if (auto* area = qobject_cast<QTextEdit*>(focus))
+        return item->areaEnabled(*area);
     return false;
 }
 
 bool runEditItem(const QString& name, QWidget* focus) {
     if (!editItemEnabled(name, focus))
         return false;
-    if (auto* field = qobject_cast<QLineEdit*>(focus)) {
-        if (name == u"EditUndo")
-            field->undo();
-        else if (name == u"EditCut")
-            field->cut();
-        else if (name == u"EditCopy")
-            field->copy();
-        else if (name == u"EditPaste")
-            field->paste();
-        else if (name == u"EditClear")
-            field->del();
-        else if (name == u"EditSelectAll")
-            field->selectAll();
-        return true;
-    }
-    if (auto* area = qobject_cast<QTextEdit*>(focus)) {
-        if (name == u"EditUndo")
-            area->undo();
-        else if (name == u"EditCut")
-            area->cut();
-        else if (name == u"EditCopy")
-            area->copy();
-        else if (name == u"EditPaste")
-            area->paste();
-        else if (name == u"EditClear")
-            area->textCursor().removeSelectedText();
-        else if (name == u"EditSelectAll")
-            area->selectAll();
-        return true;
-    }
-    return false;
+    const EditItem* item = editItem(name);
+    if (auto* field = qobject_cast<QLineEdit*>(focus))
+        item->fieldAction(*field);
+    else
+        item->areaAction(*qobject_cast<QTextEdit*>(focus));
+    return true;
 }
 
 } // namespace

@@ -20,19 +20,10 @@ namespace {
 
 using namespace tovarin;
 
-struct Mask {
-    std::string_view text;
-    bool signPosition;
-    int leastDecimals;
-    int mostDecimals;
-};
+using Mask = NumberMask;
 
-constexpr std::array<Mask, 4> kMasks = {{
-    {kBicMask, true, 1, 4},
-    {kDifferenceMask, false, 2, 4},
-    {kProbabilityMask, false, 2, 4},
-    {kBayesFactorMask, false, 1, 2},
-}};
+constexpr std::array<Mask, 4> kMasks = {kBicMask, kDifferenceMask, kProbabilityMask,
+                                        kBayesFactorMask};
 
 [[noreturn]] void fail(const char* what, double value, std::string_view mask,
                        std::string_view text) {
@@ -109,19 +100,20 @@ void checkFinite(double value, const Mask& mask, const std::string& text) {
 }
 
 void checkReportCells(double value) {
-    const std::string probability = probabilityText(value);
+    FormatBuffer buffer;
+    const std::string probability(probabilityText(value, buffer));
     if (std::isfinite(value) && probability != "<.0001" && Val(probability) < 0.0001) {
-        fail("tiny probability not replaced", value, kProbabilityMask, probability);
+        fail("tiny probability not replaced", value, kProbabilityMask.text, probability);
     }
     if (probability == "<.0001" && !(Val(Format(value, kProbabilityMask)) < 0.0001)) {
-        fail("probability replaced wrongly", value, kProbabilityMask, probability);
+        fail("probability replaced wrongly", value, kProbabilityMask.text, probability);
     }
-    const std::string factor = bayesFactorText(value);
+    const std::string factor(bayesFactorText(value, buffer));
     if (std::isfinite(value) && factor != ">99999" && Val(factor) > 99999) {
-        fail("large Bayes factor not replaced", value, kBayesFactorMask, factor);
+        fail("large Bayes factor not replaced", value, kBayesFactorMask.text, factor);
     }
     if (std::isinf(value) && value > 0 && factor != ">99999") {
-        fail("infinite Bayes factor not replaced", value, kBayesFactorMask, factor);
+        fail("infinite Bayes factor not replaced", value, kBayesFactorMask.text, factor);
     }
 }
 
@@ -134,7 +126,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     double value = 0;
     std::memcpy(&value, bytes, sizeof value);
     for (const Mask& mask : kMasks) {
-        const std::string text = Format(value, mask.text);
+        const std::string text = Format(value, mask);
         for (const char c : text) {
             if (static_cast<unsigned char>(c) >= 0x80) {
                 fail("not ASCII", value, mask.text, text);

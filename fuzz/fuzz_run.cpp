@@ -94,7 +94,7 @@ std::vector<ExpectedRow> expectedRows(std::string_view data, std::size_t count) 
             bic = line.substr(first + 1);
             bic = bic.substr(0, bic.find_first_of("\t,"));
         }
-        rows.push_back({Left(name, 8), Val(bic)});
+        rows.push_back({std::string(Left(name, 8)), Val(bic)});
     }
     return rows;
 }

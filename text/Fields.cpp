@@ -20,12 +20,8 @@ std::string ReplaceAll(std::string_view source, std::string_view find,
     return result;
 }
 
-std::string NthField(std::string_view source, std::string_view separator, std::int64_t number) {
-    return std::string(nthFieldView(source, separator, number));
-}
-
-std::string_view nthFieldView(std::string_view source, std::string_view separator,
-                              std::int64_t number) {
+std::string_view NthField(std::string_view source, std::string_view separator,
+                          std::int64_t number) {
     if (number < 1) {
         return {};
     }

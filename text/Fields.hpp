@@ -13,11 +13,9 @@ std::string ReplaceAll(std::string_view source, std::string_view find,
 
 // Field `number` (counted from 1) of `source` split at each `separator`.
 // Fields keep their spaces; a number below 1 or beyond the last field gives
-// the empty text. An empty separator leaves the whole text as field 1.
-std::string NthField(std::string_view source, std::string_view separator, std::int64_t number);
-
-// NthField without a copy: a view into `source`.
-std::string_view nthFieldView(std::string_view source, std::string_view separator,
-                              std::int64_t number);
+// the empty text. An empty separator leaves the whole text as field 1. The
+// field is a view into `source`.
+std::string_view NthField(std::string_view source, std::string_view separator,
+                          std::int64_t number);
 
 } // namespace tovarin

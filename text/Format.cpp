@@ -5,7 +5,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <stdexcept>
 
 namespace tovarin {
 
@@ -86,10 +85,6 @@ std::string_view roundedDigits(double magnitude, int decimals, FormatBuffer& buf
 
 } // namespace
 
-std::string Format(double value, std::string_view mask) {
-    return Format(value, NumberMask(mask));
-}
-
 std::string Format(double value, const NumberMask& shape) {
     FormatBuffer buffer; // NOLINT: filled as far as it is used
     return std::string(formatTo(buffer, value, shape));
@@ -105,20 +100,11 @@ std::string_view formatTo(FormatBuffer& buffer, double value, const NumberMask& 
     char* last = first + rounded.size();
     const bool roundsToZero = std::all_of(first, last, [](char c) { return c == '0' || c == '.'; });
 
-    // Fixed notation puts exactly mostDecimals digits behind the point.
-    char* const integerEnd = shape.mostDecimals == 0 ? last : last - shape.mostDecimals - 1;
-    char* const leastEnd = shape.mostDecimals == 0 ? last : integerEnd + 1 + shape.leastDecimals;
+    // Fixed notation puts exactly mostDecimals digits behind the point and at
+    // least one before it, as the mask's one "0" place asks.
+    char* const leastEnd = last - shape.mostDecimals + shape.leastDecimals;
     while (last > leastEnd && last[-1] == '0') {
         --last;
-    }
-    if (shape.hasPoint && shape.mostDecimals == 0) {
-        *last++ = '.';
-    }
-    if (integerEnd - first == 1 && *first == '0' && shape.minIntegerDigits == 0) {
-        ++first;
-    }
-    while (integerEnd - first < shape.minIntegerDigits) {
-        *--first = '0';
     }
     if (std::signbit(value) && !roundsToZero) {
         *--first = '-';

@@ -1,68 +1,28 @@
 #pragma once
 
 #include <array>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 namespace tovarin {
 
-// The report's four number masks.
-inline constexpr std::string_view kBicMask = "+########0.0###";
-inline constexpr std::string_view kDifferenceMask = "#######0.00##";
-inline constexpr std::string_view kProbabilityMask = "0.00##";
-inline constexpr std::string_view kBayesFactorMask = "#####0.0#";
-
-// A mask taken apart once: sign position, the "0" places before the point,
-// and the least and most decimals behind it.
-class NumberMask {
-public:
-    // Throws std::invalid_argument for a mask outside the form described at Format.
-    constexpr explicit NumberMask(std::string_view mask) {
-        std::size_t pos = 0;
-        if (pos < mask.size() && mask[pos] == '+') {
-            signPosition = true;
-            ++pos;
-        }
-        for (; pos < mask.size() && (mask[pos] == '#' || mask[pos] == '0'); ++pos) {
-            minIntegerDigits += mask[pos] == '0' ? 1 : 0;
-        }
-        if (pos < mask.size() && mask[pos] == '.') {
-            hasPoint = true;
-            ++pos;
-            for (; pos < mask.size() && mask[pos] == '0'; ++pos) {
-                ++leastDecimals;
-            }
-            for (; pos < mask.size() && mask[pos] == '#'; ++pos) {
-                ++mostDecimals;
-            }
-            mostDecimals += leastDecimals;
-        }
-        if (pos != mask.size() || mostDecimals > kMaxDecimals ||
-            minIntegerDigits > kMaxIntegerZeros) {
-            throw std::invalid_argument("unsupported number mask");
-        }
-    }
-
-    // Limits that keep every result within a fixed buffer.
-    static constexpr int kMaxDecimals = 40;
-    static constexpr int kMaxIntegerZeros = 40;
-
-    bool signPosition = false;
-    bool hasPoint = false;
-    int minIntegerDigits = 0;
-    int leastDecimals = 0;
-    int mostDecimals = 0;
+// One of the report's number masks and what Format needs of it. Each has an
+// optional leading "+" (sign position), "#" places and one "0" before the
+// point, then "0" decimals (the least kept) followed by "#" ones (up to the most).
+struct NumberMask {
+    std::string_view text;
+    bool signPosition;
+    int leastDecimals;
+    int mostDecimals;
 };
 
-inline constexpr NumberMask kBicNumberMask{kBicMask};
-inline constexpr NumberMask kDifferenceNumberMask{kDifferenceMask};
-inline constexpr NumberMask kProbabilityNumberMask{kProbabilityMask};
-inline constexpr NumberMask kBayesFactorNumberMask{kBayesFactorMask};
+inline constexpr NumberMask kBicMask{"+########0.0###", true, 1, 4};
+inline constexpr NumberMask kDifferenceMask{"#######0.00##", false, 2, 4};
+inline constexpr NumberMask kProbabilityMask{"0.00##", false, 2, 4};
+inline constexpr NumberMask kBayesFactorMask{"#####0.0#", false, 1, 2};
+inline constexpr int kMaxMaskDecimals = 4;
 
-// `value` as text through `mask`: an optional leading "+" (sign position),
-// integer places of "#" and "0", then optionally "." and decimals of "0"s
-// followed by "#"s. The value is rounded to nearest at the mask's most
+// `value` as text through `mask`. The value is rounded to nearest at the mask's most
 // decimals (carrying into the integer part), written without padding or group
 // separators, with trailing zeros dropped down to the mask's least decimals.
 // The decimal mark is always ".", whatever the locale, so Val reads every
@@ -75,14 +35,11 @@ inline constexpr NumberMask kBayesFactorNumberMask{kBayesFactorMask};
 // Values that are not finite print as "inf" and "-inf" ("+inf" with the sign
 // position) and "nan". Val reads none of these as a number, so callers that
 // read the text back must look at the value itself for them.
-//
-// Throws std::invalid_argument for a mask outside the form above.
-std::string Format(double value, std::string_view mask);
 std::string Format(double value, const NumberMask& mask);
 
 // Room for any text Format makes: leading zeros, the mask's "0" places and the
 // sign in front, DBL_MAX in fixed notation with the most decimals behind.
-using FormatBuffer = std::array<char, 64 + 320 + NumberMask::kMaxDecimals>;
+using FormatBuffer = std::array<char, 64 + 320 + kMaxMaskDecimals>;
 
 // The same text written into `buffer`, for callers that format many numbers
 // without a string each. The view is valid while the buffer is.

@@ -87,12 +87,8 @@ std::int64_t Len(std::string_view text) {
     return count;
 }
 
-std::string_view leftView(std::string_view text, std::int64_t count) {
+std::string_view Left(std::string_view text, std::int64_t count) {
     return count <= 0 ? std::string_view{} : text.substr(0, leftBytes(text, count));
-}
-
-std::string Left(std::string_view text, std::int64_t count) {
-    return std::string(leftView(text, count));
 }
 
 } // namespace tovarin

@@ -15,12 +15,10 @@ namespace tovarin {
 // The number of characters in `text`.
 std::int64_t Len(std::string_view text);
 
-// The first `count` characters of `text`; all of it if it has fewer, and the
-// empty text for a count of zero or below. Never cuts through a character.
-std::string Left(std::string_view text, std::int64_t count);
-
-// Left without a copy: a view of the front of `text`.
-std::string_view leftView(std::string_view text, std::int64_t count);
+// The first `count` characters of `text`, as a view of its front; all of it if
+// it has fewer, and the empty text for a count of zero or below. Never cuts
+// through a character.
+std::string_view Left(std::string_view text, std::int64_t count);
 
 // The byte length of the character that starts at `pos` (1 to 4).
 std::size_t utf8CharLength(std::string_view text, std::size_t pos);

@@ -3,35 +3,24 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
-#include <string>
 
 namespace tovarin::test {
 
 // A fresh folder for one test's data files, removed with the object.
 class TempFolder {
 public:
-    TempFolder() {
-        std::random_device seed;
-        path_ = std::filesystem::temp_directory_path() /
-                ("tovarin-test-" + std::to_string(seed()) + std::to_string(seed()));
-        std::filesystem::create_directories(path_);
-    }
-    ~TempFolder() {
-        std::error_code ec;
-        std::filesystem::remove_all(path_, ec);
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-
+    TempFolder() { std::filesystem::create_directories(path_); }
+    ~TempFolder() { std::filesystem::remove_all(path_, ignored_); }
     std::filesystem::path write(const std::string& name, const std::string& bytes) const {
-        const auto file = path_ / name;
-        std::ofstream(file, std::ios::binary) << bytes;
-        return file;
+        std::ofstream(path_ / name, std::ios::binary) << bytes;
+        return path_ / name;
     }
     const std::filesystem::path& path() const { return path_; }
 
 private:
-    std::filesystem::path path_;
+    std::filesystem::path path_ = std::filesystem::temp_directory_path() /
+                                  ("tovarin-test-" + std::to_string(std::random_device{}()) + std::to_string(std::random_device{}()));
+    std::error_code ignored_;
 };
 
 } // namespace tovarin::test

@@ -1,0 +1,268 @@
+// The program on the offscreen platform, the dialogs answered by the test: start-up and the
+// splash, the main window's key filters and run endings, the menus, the Information window, quitting.
+#include "tests/QtTestMain.hpp"
+
+#include "app/Startup.hpp"
+#include "engine/LocalDateTime.hpp"
+#include "framework/Canvas.hpp"
+#include "framework/Dialogs.hpp"
+#include "framework/PictureFile.hpp"
+#include "ui/main/ControlWnd.hpp"
+#include "ui/main/MenuBar1.hpp"
+#include "ui/secondary/AboutWnd.hpp"
+#include "ui/secondary/HelpText.hpp"
+#include "ui/secondary/helpWnd.hpp"
+
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <sys/stat.h>
+
+using namespace tovarin;
+
+namespace {
+
+ControlWnd& window() {
+    return fw::instance<ControlWnd>();
+}
+
+// Presses and releases the key a keyboard gives for a code.
+void press(QWidget* control, int code) {
+    static const QHash<int, Qt::Key> named = {{8, Qt::Key_Backspace}, {9, Qt::Key_Tab}, {13, Qt::Key_Return},
+        {28, Qt::Key_Left}, {29, Qt::Key_Right}, {30, Qt::Key_Up}, {31, Qt::Key_Down}, {127, Qt::Key_Delete}};
+    const Qt::Key key = named.value(code, code < 32 ? Qt::Key_Escape : Qt::Key(QChar(code).toUpper().unicode()));
+    const QString text = code < 28 || (code >= 32 && code != 127) ? QString(QChar(code)) : QString();
+    QTest::sendKeyEvent(QTest::Click, control, key, text, Qt::NoModifier);
+}
+
+// The results on show with the focus in them, so that a run that gives the
+// focus to the count field can be told apart.
+void showReport(const QString& text) {
+    window().ResultsFld()->setVisible(true);
+    window().ResultsFld()->setPlainText(text);
+    window().ResultsFld()->setFocus();
+}
+
+} // namespace
+
+class WindowsTest : public QObject {
+    Q_OBJECT
+    QStringList messages_, failures_;
+    int beeps_ = 0, choices_ = 0;
+    QTemporaryDir folder_;
+
+private slots:
+    // The splash alone, whose timer shows the main window after 4000 ms; a missing picture is no failure.
+    void initTestCase() {
+        init();
+        QElapsedTimer sinceSplash;
+        sinceSplash.start();
+        LateStartup();
+        AboutWnd& about = fw::instance<AboutWnd>();
+        QVERIFY(about.isVisible() && !fw::openInstance<ControlWnd>());
+        QTRY_VERIFY_WITH_TIMEOUT(fw::openInstance<ControlWnd>(), 8000);
+        QVERIFY2(sinceSplash.elapsed() >= 3990, qPrintable(QString::number(sinceSplash.elapsed())));
+        QVERIFY(window().isVisible() && !about.isVisible() && !about.control<QTimer>("Timer1")->isActive());
+        QVERIFY(about.control<fw::Canvas>("Canvas2")->backdrop().isNull() && window().Canvas1()->backdrop().isNull());
+        QCOMPARE(messages_ + failures_, QStringList());
+    }
+
+    // Each test starts from a main window made afresh, shown and active.
+    void init() {
+        messages_ = failures_ = {};
+        beeps_ = choices_ = 0;
+        fw::setMessageBoxHandler([this](const QString& text) { messages_ << text; });
+        fw::setUnhandledFailureHandler([this](const QString& why) { failures_ << why; });
+        fw::setBeepHandler([this] { ++beeps_; });
+        for (QWidget* open : {static_cast<QWidget*>(fw::openInstance<helpWnd>()), static_cast<QWidget*>(fw::openInstance<ControlWnd>())})
+            delete open;
+        if (QTest::currentTestFunction() != QLatin1String("initTestCase")) {
+            window().showWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&window()));
+        }
+    }
+
+    // Every code in either field, as a person reads the rules: the count field
+    // takes digits and the editing keys, the results the report's printable
+    // characters. Refused keys beep and change nothing; any key in the count
+    // field drops the report while the area stays on show.
+    void keyFilters_data() {
+        QTest::addColumn<bool>("countField");
+        QTest::addColumn<int>("code");
+        for (const bool countField : {true, false})
+            for (int code = 0; code <= 131; ++code) // 131 stands for e acute
+                QTest::addRow("%s %d", countField ? "pFld" : "ResultsFld", code) << countField << (code < 131 ? code : 0xE9);
+    }
+    void keyFilters() {
+        QFETCH(bool, countField);
+        QFETCH(int, code);
+        fw::TextArea& results = *window().ResultsFld();
+        showReport("xy");
+        results.moveCursor(QTextCursor::NextCharacter);
+        QWidget* field = countField ? static_cast<QWidget*>(window().pFld()) : &results;
+        field->setFocus();
+        press(field, code);
+        const QString printable = " .0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_`abcdefghijklmnopqrstuvwxyz";
+        const bool accepted = countField ? QList<int>{8, 9, 28, 29, 127}.contains(code) || (code >= '0' && code <= '9')
+                                         : QList<int>{8, 9, 13, 127}.contains(code) || printable.contains(QChar(code));
+        const QString typed = accepted && code >= 32 && code != 127 ? QString(QChar(code)) : QString();
+        // Tab types nothing and leads to the count field, the one tab stop.
+        QCOMPARE(QApplication::focusWidget(), countField || (accepted && code == 9) ? window().pFld() : field);
+        const QHash<int, QString> edits = {{8, "y"}, {13, "x\ny"}, {127, "x"}};
+        QCOMPARE(QString::number(beeps_) + " beeps|" + window().pFld()->text() + "|" + results.toPlainText() + (results.isVisible() ? "" : " hidden"),
+                 (accepted ? "0 beeps|" : "1 beeps|") + (countField ? typed + "|" : accepted && edits.contains(code) ? "|" + edits[code] : "|x" + typed + "y"));
+    }
+
+    // A message leaves the focus in the count field, anything else where it
+    // was; a failure names the file; a report lands behind what was there,
+    // its head bold, and shows the results area when the run starts from the
+    // start state. Clear then goes back to that state.
+    void endings() {
+        const QByteArray two = "Alpha\t100.5\nBeta,102\n";
+        const QString zero = "BIC value of zero. Results are probably invalid. Check the data.";
+        // Count, the file chosen ("" for a cancel), its data, the message, what the report shows ("" for
+        // no report, "!" and a reason for a failure); the last run starts from the start state.
+        const std::tuple<QString, QString, QByteArray, QString, QString> rows[] = {
+            {"", "models.txt", two, "Please enter the number of models in the set (2-99).", ""},
+            {"2", "", two, "", ""}, {"2", "gone.txt", two, "", ""}, {"2", "pipe", two, "", "!named pipe"},
+            {"2", "models.txt", "A\t1e12\nB\t1e12\n", "Sorry, can't find low BIC value. Check the data.", ""},
+            {"2", "models.txt", "Alpha\t0\nBeta\t1\n", zero, "Alpha"},
+            {"2", "models.txt", "\xff" "A\t1\nB\t2\n", "", "\uFFFDA"}, // invalid bytes shown as U+FFFD
+            {"2", "models.txt", two, "", "Beta"}, {"2", "first.txt", two, "", "Beta"}};
+        for (const auto& [count, choice, data, message, shows] : rows) {
+            init();
+            qInfo() << "count" << count << "file" << choice << data;
+            const QString path = folder_.filePath(choice);
+            QFile file(path);
+            if (choice == "pipe")
+                QVERIFY(::mkfifo(QFile::encodeName(path).constData(), 0644) == 0 || QFile::exists(path));
+            else if (!choice.isEmpty())
+                QVERIFY(file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.flush());
+            fw::setFileChooserHandler([this, path, chosen = choice]() -> std::optional<QString> {
+                ++choices_;
+                if (chosen == "gone.txt")
+                    QFile::remove(path);
+                return chosen.isEmpty() ? std::nullopt : std::optional(path);
+            });
+            const QString earlier = choice == "first.txt" ? "" : "an earlier report";
+            if (!earlier.isEmpty())
+                showReport(earlier);
+            QWidget* const focus = QApplication::focusWidget();
+            window().pFld()->setText(count);
+            const DateTimeText now = currentLocalDateTime();
+            QTest::mousePress(window().calcBtn(), Qt::LeftButton); // the whole run happens at the press
+            QTest::mouseRelease(window().calcBtn(), Qt::LeftButton);
+
+            QCOMPARE(messages_.join(";") + "|" + QString::number(choices_) + "|" + window().pFld()->text(),
+                     message + "|" + (count.isEmpty() ? "0" : "1") + "|" + count);
+            QCOMPARE(failures_.filter(path).filter(shows.mid(1)).size() + failures_.size(), shows.startsWith(u'!') ? 2 : 0);
+            QCOMPARE(QApplication::focusWidget(), message.isEmpty() ? focus : window().pFld());
+            const QString text = window().ResultsFld()->toPlainText();
+            if (shows.isEmpty() || shows.startsWith(u'!')) {
+                QCOMPARE(text, earlier);
+                continue;
+            }
+            QVERIFY(window().ResultsFld()->isVisible());
+            // Dated as the command-line tool dates it (the minute may have turned during the run).
+            QVERIFY2(text.startsWith(earlier + QString::fromStdString("Date: " + now.shortDate + "  ")), qPrintable(text));
+            QVERIFY(text.contains("\nFile: " + choice + "\n") && text.contains(shows));
+            QTextCursor head(window().ResultsFld()->document());
+            head.setPosition(int(earlier.size()) + 1); // the format of the character before
+            QCOMPARE(head.charFormat().fontWeight(), int(QFont::Bold));
+            QTest::mousePress(window().clearBtn(), Qt::LeftButton); // done at the press, too
+            QCOMPARE(window().pFld()->text() + window().ResultsFld()->toPlainText(), QString());
+            QVERIFY(!window().ResultsFld()->isVisible() && QApplication::focusWidget() == window().pFld());
+            QTest::mouseRelease(window().clearBtn(), Qt::LeftButton);
+        }
+    }
+
+    // The main window's items and the help button bring the other windows to
+    // the front, and the front window decides which items are enabled.
+    void frontWindowEnables() {
+        for (const auto& [how, enabled] : {std::pair{"", "AboutItem FileQuit InfoItem"}, {"InfoItem", "ControlItem FileQuit"},
+                                           {"helpBtn", "ControlItem FileQuit"}, {"AboutItem", "FileQuit"}}) {
+            init();
+            if (how == QLatin1String("helpBtn"))
+                QTest::mousePress(window().helpBtn(), Qt::LeftButton);
+            else if (*how)
+                MenuBar1().item(how)->trigger();
+            QTRY_VERIFY(QApplication::activeWindow() && (!*how || QApplication::activeWindow() != &window()));
+            MenuBar1().updateEnabled();
+            QStringList actual = {how};
+            for (const char* name : {"AboutItem", "ControlItem", "FileQuit", "InfoItem"})
+                if (MenuBar1().item(name)->isEnabled())
+                    actual << name;
+            QCOMPARE(actual.join(u' '), how + QString(" ") + enabled);
+            fw::instance<AboutWnd>().hide();
+        }
+    }
+
+    // Each opening shows the manual afresh with the literal once behind it and the title alone bold.
+    void informationWindow() {
+        for (int opening = 0; opening < 2; ++opening) {
+            init();
+            fw::instance<helpWnd>().showWindow();
+            fw::instance<helpWnd>().showWindow(); // shown again while open: still one instance, one text
+            const fw::TextArea& area = *fw::instance<helpWnd>().EditField1();
+            QCOMPARE(area.toPlainText(), QString::fromUtf8(helpText().data(), qsizetype(helpText().size())).replace(u'\r', u'\n') + "Error message");
+            QTextCursor cursor(area.document());
+            cursor.setPosition(int(kHelpTitleLength)); // the format of the character before
+            const bool titleBold = cursor.charFormat().fontWeight() == QFont::Bold;
+            cursor.setPosition(int(kHelpTitleLength) + 2);
+            QVERIFY(titleBold && cursor.charFormat().fontWeight() != QFont::Bold);
+        }
+    }
+
+    // Shown again as the About item shows it, the splash goes at a press on it
+    // or its controls, or at closing, leaving the one main window in front.
+    void pressesDismissTheSplash() {
+        AboutWnd& about = fw::instance<AboutWnd>();
+        ControlWnd* const main = &window();
+        for (const auto& [target, input] : {std::pair{"", "mouse"}, {"Canvas2", "mouse"}, {"StaticText2", "Z"},
+                                            {"", "Z"}, {"", "Shift"}, {"", "close"}}) {
+            about.showWindow();
+            QVERIFY(QTest::qWaitForWindowExposed(&about));
+            QWidget* widget = *target ? about.content()->findChild<QWidget*>(target) : &about;
+            if (input == QLatin1String("mouse"))
+                QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(5, 5));
+            else if (input == QLatin1String("close"))
+                QVERIFY(!about.close()); // refused: the window stays, hidden
+            else
+                QTest::keyClick(widget, *input == 'Z' ? Qt::Key_Z : Qt::Key_Shift);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QVERIFY2(about.isVisible() == (*input == 'S'), input);
+            QCOMPARE(fw::openInstance<ControlWnd>(), main); // the same main window, not a second
+        }
+        QVERIFY(window().isVisible());
+    }
+
+    // Closing the Information window alone goes on (the loop ends with our own
+    // code 7); closing the main window with the Information open quits with 0.
+    void closing() {
+        for (const bool main : {false, true}) {
+            fw::instance<helpWnd>().showWindow();
+            window().setVisible(main);
+            QApplication::setQuitOnLastWindowClosed(true); // looked at only while the loop runs
+            QTimer::singleShot(0, &window(), [main] {
+                main ? window().close() : fw::instance<helpWnd>().close();
+                QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(7); });
+            });
+            QCOMPARE(QCoreApplication::exec(), main ? 0 : 7);
+            QApplication::setQuitOnLastWindowClosed(false);
+        }
+    }
+
+    void quitShortcutEndsTheRunFromTheSplash() {
+        AboutWnd& about = fw::instance<AboutWnd>();
+        about.showWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&about));
+        QTimer::singleShot(0, [&] { QTest::keyClick(&about, Qt::Key_Q, Qt::ControlModifier); });
+        QTimer::singleShot(10000, [] { QCoreApplication::exit(99); }); // only if the shortcut did nothing
+        QCOMPARE(QCoreApplication::exec(), 0);
+    }
+};
+
+TOVARIN_QT_TEST_MAIN(WindowsTest, QTemporaryDir noPictures; tovarin::fw::setPictureFolder(noPictures.path());
+                     tovarin::EarlyStartup(), tovarin::ShutDown())
+#include "test_windows.moc"
