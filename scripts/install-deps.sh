@@ -7,7 +7,7 @@ packages=(
   cmake ninja-build g++ make pkg-config
   qt6-base-dev qt6-qpa-plugins libqt6test6 libgl-dev
   libgtest-dev libgmock-dev libbenchmark-dev python3
-  clang-14 libclang-rt-14-dev
+  clang-14 libclang-rt-14-dev locales
   xvfb xauth xdotool xclip x11-utils libx11-dev
   imagemagick fonts-dejavu-core
   dpkg-dev file lintian desktop-file-utils appstream man-db bash-completion

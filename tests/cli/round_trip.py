@@ -102,4 +102,14 @@ for args in (['3', worked_file], ['--format', 'json', big.name], ['--help']):
     os.close(writer)
     assert done.returncode == 3 and b'Broken pipe' in done.stderr, (args, done)
 os.unlink(big.name)
+
+# The report's time as the user's locale writes it, from glibc's own locale data: 12-hour in en_US, 24-hour in de_DE.
+with tempfile.TemporaryDirectory() as locales:
+    for name, clock in (('en_US', r'(0\d|1[0-2]):[0-5]\d [AP]M'), ('de_DE', r'([01]\d|2[0-3]):[0-5]\d')):
+        made = subprocess.run(['localedef', '-i', name, '-f', 'UTF-8', os.path.join(locales, name + '.UTF-8')],
+                              capture_output=True)
+        assert os.path.isdir(os.path.join(locales, name + '.UTF-8')), ('localedef (package locales)', made.stderr)
+        env = dict(os.environ, LOCPATH=locales, LC_ALL=name + '.UTF-8')
+        date = subprocess.run([program, '3', worked_file], capture_output=True, env=env).stdout.decode()
+        assert re.match(r'Date: \S+  ' + clock + '\n', date), (name, date)
 print('all formats read back')
