@@ -20,7 +20,10 @@ configure: deps $(BUILD_DIR)/build.ninja
 build: configure
 	cmake --build $(BUILD_DIR) -j $(JOBS)
 
-run: build
+# The display is checked before the build, so that a missing one is told at once.
+run: deps
+	@bash scripts/run.sh --check
+	@$(MAKE) --no-print-directory build
 	@bash scripts/run.sh $(BUILD_DIR)
 
 test: build

@@ -3,6 +3,7 @@
 #include "app/FileTypes.hpp"
 #include "app/Tovarin.hpp"
 #include "engine/Credit.hpp"
+#include "framework/DisplayGuard.hpp"
 #include "framework/HandlerGuard.hpp"
 #include "ui/main/MenuBar1.hpp"
 #include "ui/secondary/AboutWnd.hpp"
@@ -74,7 +75,11 @@ void InitFileTypes() {
 }
 
 void NewAppInstance() {
-    auto app = std::make_unique<Tovarin>(argumentCount, arguments);
+    std::unique_ptr<Tovarin> app;
+    {
+        const fw::DisplayGuard guard(programName);
+        app = std::make_unique<Tovarin>(argumentCount, arguments);
+    }
     fw::Application::Version version;
     version.major = 1;
     version.minor = 1;

@@ -4,14 +4,24 @@
 #include "framework/Window.hpp"
 
 #include <QList>
+#include <QPixmapCache>
 #include <QPointer>
 
 namespace tovarin::fw {
+namespace {
+
+constexpr int kPixmapCacheKiB = 4096;
+
+} // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     // The program ends only by an explicit quit; hiding the splash before the
     // main window is up must not end the run.
     setQuitOnLastWindowClosed(false);
+    // Every message box brings new icons, whose scaled copies go into Qt's
+    // pixmap cache under new keys; the cache keeps them up to its limit. The
+    // windows' own cached drawing needs far less than Qt's 10 MB default.
+    QPixmapCache::setCacheLimit(kPixmapCacheKiB);
 }
 
 Application::~Application() {

@@ -1,7 +1,8 @@
 #include "framework/Dialogs.hpp"
 
+#include "framework/FileChooser.hpp"
+
 #include <QApplication>
-#include <QFileDialog>
 #include <QMessageBox>
 
 namespace tovarin::fw {
@@ -44,13 +45,10 @@ void setMessageBoxHandler(std::function<void(const QString&)> handler) {
     messageBoxHandler() = std::move(handler);
 }
 
-std::optional<QString> chooseExistingFile() {
+std::optional<QString> chooseExistingFile(QWidget* parent) {
     if (auto& handler = fileChooserHandler())
         return handler();
-    const QString file = QFileDialog::getOpenFileName(QApplication::activeWindow());
-    if (file.isEmpty())
-        return std::nullopt;
-    return file;
+    return FileChooser::of(parent ? parent->window() : QApplication::activeWindow()).choose();
 }
 
 void setFileChooserHandler(std::function<std::optional<QString>()> handler) {

@@ -5,6 +5,8 @@
 #include <functional>
 #include <optional>
 
+class QWidget;
+
 namespace tovarin::fw {
 
 // A modal alert with the text and one dismiss button. Tests install a handler
@@ -13,8 +15,10 @@ void messageBox(const QString& text);
 void setMessageBoxHandler(std::function<void(const QString&)> handler);
 
 // The system's file chooser for one existing file, no filter, title or start
-// folder. nullopt when the user cancels. Tests install a handler that answers.
-std::optional<QString> chooseExistingFile();
+// folder, over the window of `parent` (else the active window); it opens
+// where the last choice was made. nullopt when the user cancels. Tests
+// install a handler that answers.
+std::optional<QString> chooseExistingFile(QWidget* parent = nullptr);
 void setFileChooserHandler(std::function<std::optional<QString>()> handler);
 
 // The system's alert sound, once. Tests can count the calls.

@@ -3,6 +3,9 @@
 #include <QKeyEvent>
 #include <QKeySequence>
 
+#include <algorithm>
+#include <vector>
+
 namespace tovarin::fw {
 namespace {
 
@@ -29,24 +32,17 @@ bool isModifierOnly(int key) {
     }
 }
 
-// Command-key combinations that the menus and the text controls answer; they
-// are shortcuts, never typed keys, so no key filter may see or refuse them.
+std::vector<QKeyCombination>& menuShortcuts() {
+    static std::vector<QKeyCombination> shortcuts;
+    return shortcuts;
+}
+
+// Only what the menu bar binds is a shortcut; Ctrl+S or Ctrl+Shift+Z, which a
+// text control would take for itself, must reach the filters and be refused.
 bool isMenuShortcut(const QKeyEvent& event) {
-    if (!(event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)))
-        return false;
-    static const QKeySequence::StandardKey shortcuts[] = {
-        QKeySequence::Undo, QKeySequence::Redo,     QKeySequence::Cut,
-        QKeySequence::Copy, QKeySequence::Paste,    QKeySequence::SelectAll,
-        QKeySequence::Quit, QKeySequence::Close,    QKeySequence::New,
-        QKeySequence::Open, QKeySequence::Save,     QKeySequence::Print,
-        QKeySequence::Find, QKeySequence::Deselect, QKeySequence::Preferences,
-    };
-    for (QKeySequence::StandardKey key : shortcuts) {
-        if (event.matches(key))
-            return true;
-    }
-    // The quit key of the menu bar, bound even where the platform binds none.
-    return event.keyCombination() == QKeyCombination(Qt::CTRL | Qt::Key_Q);
+    const QKeyCombination pressed(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key()));
+    const auto& shortcuts = menuShortcuts();
+    return std::find(shortcuts.begin(), shortcuts.end(), pressed) != shortcuts.end();
 }
 
 } // namespace
@@ -85,6 +81,11 @@ int keyCode(const QKeyEvent& event) {
     if (character < 0x20 || character == 0x7f)
         return kTypesNothing;
     return static_cast<int>(character);
+}
+
+void addMenuShortcut(const QKeySequence& shortcut) {
+    if (shortcut.count() == 1)
+        menuShortcuts().push_back(shortcut[0]);
 }
 
 } // namespace tovarin::fw

@@ -3,6 +3,7 @@
 #include <functional>
 
 class QKeyEvent;
+class QKeySequence;
 
 namespace tovarin::fw {
 
@@ -11,8 +12,13 @@ namespace tovarin::fw {
 // printable ASCII character its own code; anything outside ASCII gives a code
 // above 127 (its Unicode value, or 0x110000 for keys that type nothing).
 // Returns -1 for events that are not keys a filter sees: modifier keys alone
-// and keys the platform delivers as menu or edit shortcuts.
+// and the shortcuts of the menu bar. Any other command-key combination is a
+// key like others (one that types nothing), so a filter refuses it.
 int keyCode(const QKeyEvent& event);
+
+// Makes a shortcut of the menu bar known, so that it passes the key filters
+// and reaches the menu or the text control that answers it.
+void addMenuShortcut(const QKeySequence& shortcut);
 
 // A key handler gets the key code and returns true when the key is dealt with
 // and must go no further.

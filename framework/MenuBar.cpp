@@ -1,5 +1,6 @@
 #include "framework/MenuBar.hpp"
 
+#include "framework/KeyCode.hpp"
 #include "framework/Quit.hpp"
 #include "framework/Window.hpp"
 
@@ -147,6 +148,7 @@ QAction* MenuBar::addItem(const QString& menuName, const QString& name, const QS
         action->setShortcut(kind == ItemKind::Quit && shortcut.isEmpty()
                                 ? QKeySequence(Qt::CTRL | Qt::Key_Q)
                                 : shortcut);
+        addMenuShortcut(action->shortcut());
         action->setMenuRole(kind == ItemKind::Quit    ? QAction::QuitRole
                             : kind == ItemKind::About ? QAction::AboutRole
                                                       : QAction::NoRole);

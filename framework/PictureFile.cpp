@@ -24,9 +24,14 @@ QStringList pictureFolders() {
             QStringLiteral(TOVARIN_DATADIR)};
 }
 
-} // namespace
+// "Name.png" becomes "Name@2x.png".
+QString sharperVersion(const QString& fileName) {
+    const qsizetype dot = fileName.lastIndexOf(u'.');
+    const qsizetype at = dot < 0 ? fileName.size() : dot;
+    return fileName.left(at) + QStringLiteral("@2x") + fileName.mid(at);
+}
 
-QPixmap openPictureFromApp(const QString& fileName) {
+QPixmap findPicture(const QString& fileName) {
     for (const QString& folder : pictureFolders()) {
         const QString path = QDir(folder).filePath(fileName);
         if (!QFileInfo(path).isFile())
@@ -36,6 +41,19 @@ QPixmap openPictureFromApp(const QString& fileName) {
             return picture;
     }
     return {};
+}
+
+} // namespace
+
+QPixmap openPictureFromApp(const QString& fileName, qreal devicePixelRatio) {
+    if (devicePixelRatio > 1.0) {
+        QPixmap sharp = findPicture(sharperVersion(fileName));
+        if (!sharp.isNull()) {
+            sharp.setDevicePixelRatio(2.0);
+            return sharp;
+        }
+    }
+    return findPicture(fileName);
 }
 
 void setPictureFolder(const QString& folder) {

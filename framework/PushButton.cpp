@@ -7,7 +7,9 @@
 
 namespace tovarin::fw {
 
-PushButton::PushButton(QWidget* parent) : QPushButton(parent) {}
+PushButton::PushButton(QWidget* parent) : QPushButton(parent) {
+    connect(this, &QAbstractButton::pressed, this, &PushButton::pressedWithoutMouse);
+}
 
 // A failure of the handler is reported at the press, which then counts as handled.
 bool PushButton::pressHandled(QPoint at) {
@@ -28,7 +30,19 @@ void PushButton::mousePressEvent(QMouseEvent* event) {
             return;
         }
     }
+    mousePressing_ = true;
     QPushButton::mousePressEvent(event);
+    mousePressing_ = false;
+}
+
+void PushButton::pressedWithoutMouse() {
+    if (mousePressing_ || !mouseDown_)
+        return;
+    // Run from the event loop, while the button is still drawn down: the
+    // assistive technology that pressed gets its answer at once instead of
+    // waiting, unable to read, until a dialog the handler opens is closed.
+    QMetaObject::invokeMethod(
+        this, [this] { pressHandled(rect().center()); }, Qt::QueuedConnection);
 }
 
 } // namespace tovarin::fw

@@ -8,7 +8,9 @@ namespace tovarin::fw {
 
 using MouseDownHandler = std::function<bool(int x, int y)>;
 
-// A push button that acts when the mouse goes down on it, not on release.
+// A push button that acts when the mouse goes down on it, not on release. A
+// press from elsewhere, such as a screen reader's Press action, runs the same
+// handler as it goes down.
 class PushButton : public QPushButton {
     Q_OBJECT
 public:
@@ -20,8 +22,10 @@ protected:
 
 private:
     bool pressHandled(QPoint at);
+    void pressedWithoutMouse();
 
     MouseDownHandler mouseDown_;
+    bool mousePressing_ = false;
 };
 
 } // namespace tovarin::fw

@@ -59,6 +59,7 @@ void TextArea::appendPlain(const QString& text) {
             cursor.insertText(lines[i], plain);
     }
     cursor.endEditBlock();
+    document()->clearUndoRedoStacks();
 }
 
 void TextArea::setBold(qint64 start, qint64 length) {
@@ -74,6 +75,7 @@ void TextArea::setBold(qint64 start, qint64 length) {
     QTextCharFormat bold;
     bold.setFontWeight(QFont::Bold);
     cursor.mergeCharFormat(bold);
+    document()->clearUndoRedoStacks();
 }
 
 } // namespace tovarin::fw

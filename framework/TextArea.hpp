@@ -13,6 +13,9 @@ public:
     explicit TextArea(QWidget* parent = nullptr);
     void setKeyDownHandler(KeyHandler handler) { keyDown_ = std::move(handler); }
 
+    // The program's own writes. Neither is an edit of the user's, so Undo does
+    // not take it back (it takes back the user's edits made after it).
+    //
     // Appends text at the end without rebuilding what is there. A CR, an LF or
     // a CR LF pair each start a new line.
     void appendPlain(const QString& text);

@@ -4,8 +4,15 @@
 
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QWindow>
 
 namespace tovarin::fw {
+namespace {
+
+// The states in which the window system, not the window, sets the size.
+constexpr Qt::WindowStates kLarger = Qt::WindowMaximized | Qt::WindowFullScreen;
+
+} // namespace
 
 Window::Window(int contentWidth, int contentHeight, QWidget* parent)
     : QMainWindow(parent), content_(new QWidget(this)), contentSize_(contentWidth, contentHeight) {
@@ -28,6 +35,47 @@ void Window::fitToContent() {
 void Window::setFixedContentSize() {
     fixedSize_ = true;
     fitToContent();
+}
+
+void Window::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (fixedSize_ && !watchingState_ && windowHandle())
+        watchWindowState();
+}
+
+// A compositor that maximises a window wants the next frame at the size it
+// chose, and ends a client whose frame keeps a fixed size instead. So the size
+// is let go as soon as such a state is asked for, and fixed again only once
+// the window system reports the window back in its normal state.
+void Window::watchWindowState() {
+    watchingState_ = true;
+    connect(windowHandle(), &QWindow::windowStateChanged, this, [this](Qt::WindowState state) {
+        if (state & kLarger) {
+            setMinimumSize(0, 0);
+            setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        }
+    });
+    windowHandle()->installEventFilter(this);
+}
+
+bool Window::eventFilter(QObject* watched, QEvent* event) {
+    // Spontaneous: the window system's report of the state the window is in,
+    // not the state just asked for.
+    if (watched == windowHandle() && event->type() == QEvent::WindowStateChange &&
+        event->spontaneous()) {
+        const Qt::WindowStates states = windowHandle()->windowStates();
+        if (states & kLarger) {
+            QMetaObject::invokeMethod(
+                this,
+                [this] {
+                    windowHandle()->setWindowStates(windowHandle()->windowStates() & ~kLarger);
+                },
+                Qt::QueuedConnection);
+        } else {
+            fitToContent();
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void Window::showWindow() {

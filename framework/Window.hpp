@@ -49,13 +49,22 @@ protected:
     // Called when the window closes for whatever reason. The default does nothing.
     virtual void Event_Close() {}
 
-    // Fixes the content size; used by windows that cannot be resized.
+    // Fixes the content size; used by windows that cannot be resized. Such a
+    // window answers a request to maximise it or fill the screen (from a
+    // title bar drawn by the toolkit, as on Wayland, or from the desktop) by
+    // going back to its size.
     void setFixedContentSize();
 
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    void watchWindowState();
+
     QWidget* content_;
     QSize contentSize_;
     bool fixedSize_ = false;
+    bool watchingState_ = false;
     std::map<QString, std::function<bool()>> menuHandlers_;
     bool closing_ = false;
 };

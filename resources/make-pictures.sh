@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Rebuilds Icon256.png and Tovarinbanner.png in this folder from make_pictures.cpp.
+# Rebuilds Icon256.png, Tovarinbanner.png and their @2x versions in this folder
+# from make_pictures.cpp.
 set -euo pipefail
 here="$(cd "$(dirname "$0")" && pwd)"
 work="$(mktemp -d)"

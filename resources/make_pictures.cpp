@@ -1,4 +1,6 @@
-// Draws the application's two pictures: the icon and the main window's banner.
+// Draws the application's two pictures, the icon and the main window's banner,
+// at their size and at twice it (the @2x files, for high-density screens): the
+// same drawing in the same coordinates, so the two differ only in sharpness.
 // Build and run with make-pictures.sh; the PNGs it writes are committed.
 
 #include <QFont>
@@ -36,8 +38,15 @@ void drawBars(QPainter& painter, const QRectF& area, const std::initializer_list
     }
 }
 
-QImage icon() {
-    QImage image(256, 256, QImage::Format_ARGB32_Premultiplied);
+// An image of `size` drawing units with `scale` pixels to the unit.
+QImage canvas(QSize size, int scale, QImage::Format format) {
+    QImage image(size * scale, format);
+    image.setDevicePixelRatio(scale);
+    return image;
+}
+
+QImage icon(int scale) {
+    QImage image = canvas(QSize(256, 256), scale, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -59,15 +68,15 @@ QImage icon() {
     return image;
 }
 
-QImage banner() {
-    QImage image(935, 90, QImage::Format_RGB32);
+QImage banner(int scale) {
+    QImage image = canvas(QSize(935, 90), scale, QImage::Format_RGB32);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     QLinearGradient background(0, 0, 935, 0);
     background.setColorAt(0, kSlateBlue);
     background.setColorAt(0.45, kDeepBlue);
     background.setColorAt(1, QColor(24, 52, 84));
-    painter.fillRect(image.rect(), background);
+    painter.fillRect(QRect(0, 0, 935, 90), background);
     // A quiet line along the bottom edge.
     painter.fillRect(QRect(0, 86, 935, 4), QColor(253, 204, 101, 160));
 
@@ -90,11 +99,14 @@ QImage banner() {
 int main(int argc, char** argv) {
     QGuiApplication app(argc, argv);
     const QString folder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral(".");
-    if (!icon().save(folder + QStringLiteral("/Icon256.png")) ||
-        !banner().save(folder + QStringLiteral("/Tovarinbanner.png"))) {
-        std::fprintf(stderr, "make_pictures: cannot write the pictures to %s\n",
-                     qPrintable(folder));
-        return 1;
+    for (const int scale : {1, 2}) {
+        const QString suffix = scale == 1 ? QStringLiteral(".png") : QStringLiteral("@2x.png");
+        if (!icon(scale).save(folder + QStringLiteral("/Icon256") + suffix) ||
+            !banner(scale).save(folder + QStringLiteral("/Tovarinbanner") + suffix)) {
+            std::fprintf(stderr, "make_pictures: cannot write the pictures to %s\n",
+                         qPrintable(folder));
+            return 1;
+        }
     }
     return 0;
 }

@@ -9,6 +9,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev python3
   clang-14 libclang-rt-14-dev locales
   xvfb xauth xdotool xclip x11-utils libx11-dev
+  weston qt6-wayland dbus at-spi2-core python3-pyatspi python3-xlib
   imagemagick fonts-dejavu-core
   dpkg-dev file lintian desktop-file-utils appstream man-db bash-completion
 )

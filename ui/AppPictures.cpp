@@ -2,33 +2,35 @@
 
 #include "framework/PictureFile.hpp"
 
+#include <array>
+
 namespace tovarin {
 namespace {
 
-QPixmap cachedPicture(QPixmap& cache, const QString& fileName) {
-    if (cache.isNull())
-        cache = fw::openPictureFromApp(fileName);
-    return cache;
-}
+// The plain version and the @2x one, each released with the process, never
+// before: they live on the heap so they do not outlive the application object
+// they were decoded for.
+using Versions = std::array<QPixmap*, 2>;
 
-// Released with the process, never before: the static lives on the heap so it
-// does not outlive the application object it was decoded for.
-QPixmap& slot(QPixmap*& cache) {
+QPixmap cachedPicture(Versions& versions, const QString& fileName, qreal devicePixelRatio) {
+    QPixmap*& cache = versions[devicePixelRatio > 1.0 ? 1 : 0];
     if (!cache)
         cache = new QPixmap();
+    if (cache->isNull())
+        *cache = fw::openPictureFromApp(fileName, devicePixelRatio);
     return *cache;
 }
 
 } // namespace
 
-QPixmap Icon256() {
-    static QPixmap* cache = nullptr;
-    return cachedPicture(slot(cache), QStringLiteral("Icon256.png"));
+QPixmap Icon256(qreal devicePixelRatio) {
+    static Versions versions{};
+    return cachedPicture(versions, QStringLiteral("Icon256.png"), devicePixelRatio);
 }
 
-QPixmap Tovarinbanner() {
-    static QPixmap* cache = nullptr;
-    return cachedPicture(slot(cache), QStringLiteral("Tovarinbanner.png"));
+QPixmap Tovarinbanner(qreal devicePixelRatio) {
+    static Versions versions{};
+    return cachedPicture(versions, QStringLiteral("Tovarinbanner.png"), devicePixelRatio);
 }
 
 } // namespace tovarin

@@ -3,15 +3,18 @@
 
 #include "engine/FileError.hpp"
 #include "framework/Application.hpp"
+#include "framework/Canvas.hpp"
 #include "framework/Dialogs.hpp"
 #include "framework/MenuBar.hpp"
 #include "framework/OneShotTimer.hpp"
+#include "framework/PictureFile.hpp"
 #include "framework/PushButton.hpp"
 #include "framework/TextArea.hpp"
 #include "framework/TextField.hpp"
 #include "framework/Window.hpp"
 
 #include <QClipboard>
+#include <QTemporaryDir>
 
 using namespace tovarin::fw;
 
@@ -77,6 +80,33 @@ private slots:
                 QCOMPARE(row + actual, row + enabled + (*item ? " " + after : ""));
             }
         }
+    }
+
+    // A canvas draws the picture made for its screen: the plain one at one device pixel to the unit, the @2x
+    // version above that, sharp at its own pixels (a picture without one is scaled up). Run at scale 1 and, as
+    // its own test, at 1.5 and 2 (QT_SCALE_FACTOR).
+    void backdropForTheScreen() {
+        QTemporaryDir folder;
+        const auto write = [&](const char* name, QSize size, Qt::GlobalColor colour) {
+            QImage picture(size, QImage::Format_RGB32);
+            picture.fill(colour);
+            QVERIFY(picture.save(folder.filePath(name)));
+        };
+        write("Both.png", {6, 4}, Qt::red);
+        write("Both@2x.png", {12, 8}, Qt::blue);
+        write("Plain.png", {6, 4}, Qt::green);
+        setPictureFolder(folder.path());
+        for (const auto& [name, sharp] : {std::pair{"Both.png", Qt::blue}, {"Plain.png", Qt::green}}) {
+            Canvas canvas(window_->content());
+            canvas.setGeometry(0, 0, 6, 4);
+            canvas.setBackdrop([name = QString(name)](qreal ratio) { return openPictureFromApp(name, ratio); });
+            const qreal ratio = canvas.devicePixelRatioF();
+            const QImage shown = canvas.grab().toImage();
+            QCOMPARE(shown.size(), QSize(qRound(6 * ratio), qRound(4 * ratio)));
+            QCOMPARE(shown.pixelColor(shown.width() / 2, shown.height() / 2), QColor(ratio > 1 ? sharp : name == QLatin1String("Both.png") ? Qt::red : Qt::green));
+            QCOMPARE(canvas.backdrop().deviceIndependentSize(), QSizeF(6, 4));
+        }
+        setPictureFolder({});
     }
 
     // A failure in any handler is reported with its reason, a key goes no

@@ -16,6 +16,7 @@
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QWindow>
 
 #include <sys/stat.h>
 
@@ -112,6 +113,26 @@ private slots:
         const QHash<int, QString> edits = {{8, "y"}, {13, "x\ny"}, {127, "x"}};
         QCOMPARE(QString::number(beeps_) + " beeps|" + window().pFld()->text() + "|" + results.toPlainText() + (results.isVisible() ? "" : " hidden"),
                  (accepted ? "0 beeps|" : "1 beeps|") + (countField ? typed + "|" : accepted && edits.contains(code) ? "|" + edits[code] : "|x" + typed + "y"));
+        QVERIFY(!countField || !results.document()->isUndoAvailable()); // the emptying is no edit to take back
+    }
+
+    // Command keys are keys like others, refused by both filters, but for the menu bar's own shortcuts.
+    void commandKeys() {
+        for (const bool countField : {true, false}) {
+            for (const auto& [key, modifiers, shortcut] : {std::tuple<Qt::Key, Qt::KeyboardModifiers, bool>{Qt::Key_S, Qt::ControlModifier, false},
+                     {Qt::Key_O, Qt::ControlModifier, false}, {Qt::Key_N, Qt::ControlModifier, false},
+                     {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, false}, {Qt::Key_A, Qt::ControlModifier, true}}) {
+                init();
+                showReport("xy");
+                QWidget* field = countField ? static_cast<QWidget*>(window().pFld()) : window().ResultsFld();
+                field->setFocus();
+                // With the control character as text, as X11 and Wayland give it.
+                QTest::sendKeyEvent(QTest::Click, field, key, QString(QChar(key - Qt::Key_A + 1)), modifiers);
+                const QString row = QString("%1 %2: ").arg(countField ? "pFld" : "ResultsFld").arg(QKeySequence(key | modifiers).toString());
+                QCOMPARE(row + QString::number(beeps_) + " " + window().ResultsFld()->toPlainText(),
+                         row + (shortcut ? "0 xy" : countField ? "1 " : "1 xy"));
+            }
+        }
     }
 
     // A message leaves the focus in the count field, anything else where it
@@ -167,6 +188,7 @@ private slots:
             // Dated as the command-line tool dates it (the minute may have turned during the run).
             QVERIFY2(text.startsWith(earlier + QString::fromStdString("Date: " + now.shortDate + "  ")), qPrintable(text));
             QVERIFY(text.contains("\nFile: " + choice + "\n") && text.contains(shows));
+            QVERIFY(!window().ResultsFld()->document()->isUndoAvailable()); // the report is no edit of the user's
             QTextCursor head(window().ResultsFld()->document());
             head.setPosition(int(earlier.size()) + 1); // the format of the character before
             QCOMPARE(head.charFormat().fontWeight(), int(QFont::Bold));
@@ -195,6 +217,17 @@ private slots:
                     actual << name;
             QCOMPARE(actual.join(u' '), how + QString(" ") + enabled);
             fw::instance<AboutWnd>().hide();
+        }
+    }
+
+    // Asked to maximise or fill the screen, as a title bar that the toolkit draws asks (Wayland), the main
+    // window goes back to its fixed size; the compositor must get a frame of the size it configures meanwhile.
+    void maximiseRequest() {
+        const QSize size = window().size();
+        for (const Qt::WindowState state : {Qt::WindowMaximized, Qt::WindowFullScreen}) {
+            window().windowHandle()->setWindowStates(state);
+            QTRY_VERIFY(window().windowHandle()->windowStates() == Qt::WindowNoState && window().size() == size &&
+                        window().minimumSize() == window().maximumSize());
         }
     }
 

@@ -132,7 +132,7 @@ void ControlWnd::CreateControls() {
 
     auto* banner = new fw::Canvas(&window);
     banner->setObjectName(ControlWndName::Canvas1);
-    banner->setBackdrop(Tovarinbanner());
+    banner->setBackdrop(&Tovarinbanner);
     placeInWindow(*banner, window, -3, 0, 935, 90);
     banner->setFocusPolicy(Qt::NoFocus);
 
@@ -154,6 +154,28 @@ void ControlWnd::CreateControls() {
     setLabelColour(*caption, kBlack);
     caption->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     caption->setAutoFillBackground(true);
+    // The caption names the count field for assistive technology. It has no
+    // mnemonic, so no key changes what it does.
+    caption->setBuddy(count);
+
+    describeForAssistiveTechnology();
+}
+
+// Screen readers announce these; nothing on screen changes.
+void ControlWnd::describeForAssistiveTechnology() {
+    pFld()->setAccessibleDescription(
+        QStringLiteral("Type 2 to 99. Any key typed here empties the results."));
+    ResultsFld()->setAccessibleName(QStringLiteral("Results"));
+    ResultsFld()->setAccessibleDescription(QStringLiteral(
+        "The reports of the analyses since the last Clear; copy them with Select All and Copy "
+        "in the Edit menu."));
+    calcBtn()->setAccessibleDescription(QStringLiteral(
+        "Choose a data file of model names and BIC values; its report is added to the results."));
+    clearBtn()->setAccessibleDescription(
+        QStringLiteral("Empty the number of models and the results."));
+    helpBtn()->setAccessibleDescription(
+        QStringLiteral("Open the Information window: what the statistics mean and how to read "
+                       "them."));
 }
 
 void ControlWnd::pFld_Open() {

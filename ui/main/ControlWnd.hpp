@@ -55,6 +55,7 @@ protected:
 private:
     void Layout();
     void CreateControls();
+    void describeForAssistiveTechnology();
     void AddMenuHandlers();
 
     void pFld_Open();

@@ -60,7 +60,7 @@ void RunHost::focusCountField() {
 }
 
 std::optional<std::filesystem::path> RunHost::chooseDataFile() {
-    const std::optional<QString> chosen = fw::chooseExistingFile();
+    const std::optional<QString> chosen = fw::chooseExistingFile(&window_);
     if (!chosen)
         return std::nullopt;
     // The file system's own bytes, so a name in any encoding opens as chosen.

@@ -67,7 +67,7 @@ void AboutWnd::CreateControls() {
     canvas->setObjectName(QStringLiteral("Canvas2"));
     // Icon256 is read when the canvas is first painted, in the window's first
     // frame: decoding it first would hold the window back from the screen.
-    canvas->setBackdropSource(&Icon256);
+    canvas->setBackdrop(&Icon256);
     canvas->setGeometry(96, 37, 258, 258);
 
     // Presses over the controls are presses on the window.

@@ -72,6 +72,7 @@ void helpWnd::CreateControls() {
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setLineWrapMode(QTextEdit::WidgetWidth);
+    area->setAccessibleName(QStringLiteral("Information"));
 
     QPalette palette = area->palette();
     palette.setColor(QPalette::Base, Qt::white);
