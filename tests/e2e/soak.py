@@ -81,18 +81,20 @@ def titled(title):
 
 
 def others(menus):
-    """Windows other than the main and the Information window: menus and the completion list (which the
-    app places itself, over any window manager) or else dialogs and message boxes. Telling them apart
-    matters: a completion list can still be on show for a moment after its file dialog has gone."""
-    found = []
-    for w, (_, _, t) in windows().items():
+    """The app's windows other than the main and the Information window: menus, which Qt places itself
+    over any window manager, or else dialogs and message boxes. Neither is a tooltip or a completion
+    list: those are placed by Qt too, and may still be on show for a moment after their window has gone."""
+    for w, (_, _, title) in windows().items():
         try:
-            placed_by_app = server.create_resource_object('window', w).get_attributes().override_redirect
+            window = server.create_resource_object('window', w)
+            placed_by_qt = window.get_attributes().override_redirect
+            kind = window.get_full_property(atom('_NET_WM_WINDOW_TYPE'), X.AnyPropertyType)
         except (xerror.BadWindow, xerror.BadDrawable):
             continue
-        if w != main and t != 'Info' and bool(placed_by_app) == menus:
-            found.append(w)
-    return found[0] if found else None
+        tip = kind and {atom('_NET_WM_WINDOW_TYPE_TOOLTIP'), atom('_NET_WM_WINDOW_TYPE_COMBO')} & set(kind.value)
+        if w != main and title != 'Info' and bool(placed_by_qt) == menus and not tip:
+            return w
+    return None
 
 
 def popup():  # a menu
@@ -231,7 +233,7 @@ try:
             time.sleep(0.05)
         if on_show != shown:
             fail('the results area is ' + ('hidden' if shown else 'on show'))
-        fail(f'the results differ from the runs since the last Clear or key:\n--- expected\n{want}\n--- shown\n{got}')
+        fail(f'the results differ from the runs since the last Clear or key (windows: {windows()}):\n--- expected\n{want}\n--- shown\n{got}')
 
     def active(title):  # as the app sees it: its menus enable their items for the active window
         frame = next((w for w in program if w and w.name == title), None)
