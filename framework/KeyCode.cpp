@@ -1,5 +1,7 @@
 #include "framework/KeyCode.hpp"
 
+#include "framework/HandlerGuard.hpp"
+
 #include <QKeyEvent>
 #include <QKeySequence>
 
@@ -86,6 +88,11 @@ int keyCode(const QKeyEvent& event) {
 void addMenuShortcut(const QKeySequence& shortcut) {
     if (shortcut.count() == 1)
         menuShortcuts().push_back(shortcut[0]);
+}
+
+bool offerKey(const KeyHandler& handler, const QKeyEvent& event) {
+    const int code = keyCode(event);
+    return code >= 0 && handler && runHandler([&] { return handler(code); });
 }
 
 } // namespace tovarin::fw

@@ -24,4 +24,9 @@ void addMenuShortcut(const QKeySequence& shortcut);
 // and must go no further.
 using KeyHandler = std::function<bool(int code)>;
 
+// Offers a key event to a control's handler, if it has one and the event is a
+// key filters see. Returns true when the key is dealt with; a handler that
+// fails has its failure reported and the key counts as dealt with.
+bool offerKey(const KeyHandler& handler, const QKeyEvent& event);
+
 } // namespace tovarin::fw

@@ -1,7 +1,5 @@
 #include "framework/TextArea.hpp"
 
-#include "framework/HandlerGuard.hpp"
-
 #include <QKeyEvent>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -35,8 +33,7 @@ QStringList splitLines(const QString& text) {
 TextArea::TextArea(QWidget* parent) : QTextEdit(parent) {}
 
 void TextArea::keyPressEvent(QKeyEvent* event) {
-    const int code = keyCode(*event);
-    if (code >= 0 && keyDown_ && runHandler([&] { return keyDown_(code); })) {
+    if (offerKey(keyDown_, *event)) {
         event->accept();
         return;
     }

@@ -1,7 +1,5 @@
 #include "framework/TextField.hpp"
 
-#include "framework/HandlerGuard.hpp"
-
 #include <QKeyEvent>
 
 namespace tovarin::fw {
@@ -9,8 +7,7 @@ namespace tovarin::fw {
 TextField::TextField(QWidget* parent) : QLineEdit(parent) {}
 
 void TextField::keyPressEvent(QKeyEvent* event) {
-    const int code = keyCode(*event);
-    if (code >= 0 && keyDown_ && runHandler([&] { return keyDown_(code); })) {
+    if (offerKey(keyDown_, *event)) {
         event->accept();
         return;
     }
