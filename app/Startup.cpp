@@ -2,10 +2,10 @@
 
 #include "app/FileTypes.hpp"
 #include "app/Tovarin.hpp"
-#include "engine/Credit.hpp"
+#include "engine/Version.hpp"
 #include "framework/DisplayGuard.hpp"
 #include "framework/HandlerGuard.hpp"
-#include "ui/main/MenuBar1.hpp"
+#include "ui/MenuBar1.hpp"
 #include "ui/secondary/AboutWnd.hpp"
 
 #include <QGuiApplication>
@@ -81,17 +81,15 @@ void NewAppInstance() {
         app = std::make_unique<Tovarin>(argumentCount, arguments);
     }
     fw::Application::Version version;
-    version.major = 1;
-    version.minor = 1;
-    version.bug = 0;
+    version.major = kVersionMajor;
+    version.minor = kVersionMinor;
+    version.bug = kVersionPatch;
     version.nonRelease = 0;
     version.stageCode = 3; // final release
     version.longVersion = QString::fromUtf8(kCreditLine);
-    version.shortVersion = QStringLiteral("1.1");
+    version.shortVersion = QString::fromUtf8(kShortVersion);
     version.packageInfo = QStringLiteral("Tovarin");
     app->setVersionData(version);
-    QCoreApplication::setApplicationName(version.packageInfo);
-    QCoreApplication::setApplicationVersion(version.shortVersion);
     app->setMenuBar(&MenuBar1());
     applicationSlot() = std::move(app);
 }

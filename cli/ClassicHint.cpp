@@ -1,6 +1,7 @@
 #include "cli/ClassicHint.hpp"
 
-#include "engine/ModelTableReader.hpp"
+#include "engine/report/ModelSet.hpp"
+#include "engine/table/ModelTableReader.hpp"
 #include "text/Utf8.hpp"
 
 #include <algorithm>
@@ -9,8 +10,6 @@
 namespace tovarin {
 
 namespace {
-
-constexpr std::int64_t kNameCharacters = 8;
 
 std::string at(const std::string& file, std::int64_t line) {
     return file + ":" + std::to_string(line) + ": ";

@@ -1,6 +1,6 @@
 #include "cli/CliHost.hpp"
 
-#include "engine/LocalDateTime.hpp"
+#include "engine/report/LocalDateTime.hpp"
 
 namespace tovarin {
 

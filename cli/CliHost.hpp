@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/AnalysisHost.hpp"
+#include "engine/report/AnalysisHost.hpp"
 
 #include <filesystem>
 #include <ostream>

@@ -5,8 +5,9 @@
 #include "cli/InputText.hpp"
 #include "cli/TableCommand.hpp"
 #include "cli/TableOptions.hpp"
-#include "engine/AnalysisRun.hpp"
+#include "engine/report/AnalysisRun.hpp"
 #include "engine/FileError.hpp"
+#include "engine/Version.hpp"
 #include "text/Val.hpp"
 
 #include <algorithm>
@@ -14,10 +15,6 @@
 namespace tovarin {
 
 namespace {
-
-constexpr int kExitReport = 0;
-constexpr int kExitNoResult = 1;
-constexpr int kExitUsage = 2;
 
 constexpr const char* kProgram = "tovarin-report";
 
@@ -84,10 +81,10 @@ void printUsage(std::ostream& stream) {
     stream << kSynopsis << "Run 'tovarin-report --help' for the formats and options.\n";
 }
 
-int usageError(std::ostream& err, const std::string& problem) {
+ExitStatus usageError(std::ostream& err, const std::string& problem) {
     err << kProgram << ": " << problem << '\n';
     printUsage(err);
-    return kExitUsage;
+    return ExitStatus::Usage;
 }
 
 // After the classic run's own messages: at most one line on a likely misread.
@@ -103,7 +100,7 @@ void hintAboutClassicRead(const std::string& countText, const std::string& file,
     }
 }
 
-int classicCommand(const std::vector<std::string>& operands, std::ostream& out, std::ostream& err,
+ExitStatus classicCommand(const std::vector<std::string>& operands, std::ostream& out, std::ostream& err,
                    bool hints) {
     CliHost host(operands[0], operands[1], out, err);
     try {
@@ -112,29 +109,29 @@ int classicCommand(const std::vector<std::string>& operands, std::ostream& out, 
             break;
         case RunEnd::EmptyCount:
         case RunEnd::BadCount:
-            return kExitUsage;
+            return ExitStatus::Usage;
         case RunEnd::NoFile:
             err << kProgram << ": \"" << operands[1] << "\": No such file\n";
-            return kExitNoResult;
+            return ExitStatus::NoResult;
         case RunEnd::NoLowBic:
             if (hints) {
                 hintAboutClassicRead(operands[0], operands[1], err);
             }
-            return kExitNoResult;
+            return ExitStatus::NoResult;
         }
     } catch (const FileError& error) {
         err << kProgram << ": " << error.what() << '\n';
-        return kExitNoResult;
+        return ExitStatus::NoResult;
     }
     if (hints) {
         hintAboutClassicRead(operands[0], operands[1], err);
     }
-    return kExitReport;
+    return ExitStatus::Done;
 }
 
 } // namespace
 
-int reportCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+ExitStatus reportCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
                   bool hints) {
     std::vector<std::string> operands;
     bool optionsEnded = false;
@@ -142,11 +139,11 @@ int reportCommand(const std::vector<std::string>& args, std::ostream& out, std::
     for (const std::string& arg : args) {
         if (!optionsEnded && arg == "--help") {
             out << kSynopsis << kHelp;
-            return kExitReport;
+            return ExitStatus::Done;
         }
         if (!optionsEnded && arg == "--version") {
-            out << kReportCommandVersion << '\n';
-            return kExitReport;
+            out << kProgram << ' ' << kShortVersion << '\n';
+            return ExitStatus::Done;
         }
         if (!optionsEnded && arg == "--") {
             optionsEnded = true;

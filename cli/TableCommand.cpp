@@ -2,17 +2,15 @@
 
 #include "cli/CliHost.hpp"
 #include "cli/InputText.hpp"
-#include "engine/BicStatistics.hpp"
-#include "engine/DelimitedTableWriter.hpp"
+#include "engine/report/AnalysisRun.hpp"
+#include "engine/table/DelimitedTableWriter.hpp"
 #include "engine/FileError.hpp"
-#include "engine/JsonTableWriter.hpp"
-#include "engine/Messages.hpp"
-#include "engine/ModelSet.hpp"
-#include "engine/ModelTableReader.hpp"
-#include "engine/PaperTableWriter.hpp"
-#include "engine/ReportWriter.hpp"
-#include "engine/TableDocument.hpp"
-#include "engine/TableStatistics.hpp"
+#include "engine/table/JsonTableWriter.hpp"
+#include "engine/report/ModelSet.hpp"
+#include "engine/table/ModelTableReader.hpp"
+#include "engine/table/PaperTableWriter.hpp"
+#include "engine/table/TableDocument.hpp"
+#include "engine/table/TableStatistics.hpp"
 #include "text/Utf8.hpp"
 
 #include <algorithm>
@@ -22,10 +20,7 @@ namespace tovarin {
 
 namespace {
 
-constexpr int kExitDone = 0;
-constexpr int kExitNoResult = 1;
 constexpr const char* kPrefix = "tovarin-report: ";
-constexpr std::int64_t kReportNameCharacters = 8;
 
 std::string where(const std::string& file, std::int64_t line) {
     return line > 0 ? file + ":" + std::to_string(line) + ": " : file + ": ";
@@ -33,48 +28,43 @@ std::string where(const std::string& file, std::int64_t line) {
 
 // The classic report of models that were read carefully: the same statistics,
 // messages and text as `tovarin-report COUNT FILE` gives for a tidy file.
-int writeClassicReport(const TableOptions& options, const std::vector<TableModel>& models,
+ExitStatus writeClassicReport(const TableOptions& options, const std::vector<TableModel>& models,
                        std::ostream& out, std::ostream& err) {
     const std::string file = inputMessageName(options.file);
-    if (models.size() < 2 || models.size() > 99) {
-        err << kPrefix << file << ": " << models.size()
-            << " model lines; the report compares 2 to 99 models (a table format takes any "
+    const auto count = std::ssize(models);
+    if (count < ModelSet::kMinModels || count > ModelSet::kMaxModels) {
+        err << kPrefix << file << ": " << count << " model lines; the report compares "
+            << ModelSet::kMinModels << " to " << ModelSet::kMaxModels << " models (a table format takes any "
                "number)\n";
-        return kExitNoResult;
+        return ExitStatus::NoResult;
     }
     ModelSet set;
-    set.resize(std::ssize(models));
+    set.resize(count);
     for (std::int64_t i = 1; i <= set.modelCount; ++i) {
         const TableModel& model = models[static_cast<std::size_t>(i - 1)];
-        set.row(i).name = Left(model.name, kReportNameCharacters);
+        set.row(i).name = Left(model.name, kNameCharacters);
         set.row(i).bic = model.bic;
     }
     CliHost host(std::to_string(set.modelCount), inputDocumentName(options.file), out, err);
-    if (!findLowBic(set)) {
-        host.showMessage(kNoLowBicMessage);
-        return kExitNoResult;
+    if (reportModelSet(host, set, inputDocumentName(options.file), "\n") != RunEnd::Report) {
+        return ExitStatus::NoResult;
     }
-    if (lowBicBelowLimit(set)) {
-        host.showMessage(kZeroBicMessage);
-    }
-    computeResults(set);
-    writeReport(host, set, inputDocumentName(options.file), "\n");
-    return kExitDone;
+    return ExitStatus::Done;
 }
 
 } // namespace
 
-int tableCommand(const TableOptions& options, std::ostream& out, std::ostream& err) {
+ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ostream& err) {
     const std::string file = inputMessageName(options.file);
     ModelTableRead read;
     try {
         read = readModelTable(readInputText(options.file), options.count);
     } catch (const FileError& error) {
         err << kPrefix << error.what() << '\n';
-        return kExitNoResult;
+        return ExitStatus::NoResult;
     } catch (const TableReadError& error) {
         err << kPrefix << where(file, error.line()) << error.what() << '\n';
-        return kExitNoResult;
+        return ExitStatus::NoResult;
     }
     for (const TableNote& note : read.notes) {
         err << kPrefix << where(file, note.line) << note.text << '\n';
@@ -83,7 +73,7 @@ int tableCommand(const TableOptions& options, std::ostream& out, std::ostream& e
         err << kPrefix << file
             << ": no model lines (a name, then a tab, comma or semicolon, then "
                "the BIC)\n";
-        return kExitNoResult;
+        return ExitStatus::NoResult;
     }
     if (options.format == TableFormat::Report) {
         return writeClassicReport(options, read.models, out, err);
@@ -116,7 +106,7 @@ int tableCommand(const TableOptions& options, std::ostream& out, std::ostream& e
         break;
     }
     out << text;
-    return kExitDone;
+    return ExitStatus::Done;
 }
 
 } // namespace tovarin

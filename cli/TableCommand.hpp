@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/ExitStatus.hpp"
 #include "cli/TableOptions.hpp"
 
 #include <ostream>
@@ -7,9 +8,9 @@
 namespace tovarin {
 
 // The --format form: reads the whole file carefully, notes on `err`, then the
-// table (or the classic report of the models read) on `out`. Returns 0 after
-// output, 1 for data that can't be used (a bad line, a count that doesn't
-// match, no model, an unreadable file, no low BIC for the report).
-int tableCommand(const TableOptions& options, std::ostream& out, std::ostream& err);
+// table (or the classic report of the models read) on `out`. NoResult for
+// data that can't be used (a bad line, a count that doesn't match, no model,
+// an unreadable file, no low BIC for the report).
+ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ostream& err);
 
 } // namespace tovarin

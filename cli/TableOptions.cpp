@@ -1,6 +1,6 @@
 #include "cli/TableOptions.hpp"
 
-#include "engine/ModelTableReader.hpp"
+#include "engine/table/ModelTableReader.hpp"
 
 #include <array>
 #include <charconv>

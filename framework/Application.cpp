@@ -50,7 +50,8 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 }
 
 void Application::setVersionData(const Version& version) {
-    version_ = version;
+    setApplicationName(version.packageInfo);
+    setApplicationVersion(version.shortVersion);
 }
 
 } // namespace tovarin::fw

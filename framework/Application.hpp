@@ -16,20 +16,20 @@ public:
     ~Application() override;
     bool notify(QObject* receiver, QEvent* event) override;
 
-    // Version data of the application.
+    // Version data of the application. The program itself reads none of it
+    // back: it is for whatever asks the application from outside, which in Qt
+    // means its name and version (the desktop, assistive technology).
     struct Version {
         qint64 major = 0, minor = 0, bug = 0, nonRelease = 0, stageCode = 0;
         QString longVersion, shortVersion, packageInfo;
     };
     void setVersionData(const Version& version);
-    const Version& version() const { return version_; }
 
     // The menu bar of the application, shown by windows that have none of their own.
     void setMenuBar(MenuBar* bar) { menuBar_ = bar; }
     MenuBar* menuBar() const { return menuBar_; }
 
 private:
-    Version version_;
     MenuBar* menuBar_ = nullptr;
 };
 

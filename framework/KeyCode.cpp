@@ -11,9 +11,6 @@
 namespace tovarin::fw {
 namespace {
 
-// A key code that no filter accepts: outside Unicode, above every ASCII code.
-constexpr int kTypesNothing = 0x110000;
-
 bool isModifierOnly(int key) {
     switch (key) {
     case Qt::Key_Shift:
@@ -55,33 +52,33 @@ int keyCode(const QKeyEvent& event) {
         return -1;
     switch (key) {
     case Qt::Key_Backspace:
-        return 8;
+        return key::Backspace;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
-        return 9;
+        return key::Tab;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return 13;
+        return key::Return;
     case Qt::Key_Left:
-        return 28;
+        return key::LeftArrow;
     case Qt::Key_Right:
-        return 29;
+        return key::RightArrow;
     case Qt::Key_Up:
-        return 30;
+        return key::UpArrow;
     case Qt::Key_Down:
-        return 31;
+        return key::DownArrow;
     case Qt::Key_Delete:
-        return 127;
+        return key::ForwardDelete;
     default:
         break;
     }
     const QList<uint> typed = event.text().toUcs4();
     if (typed.size() != 1)
-        return kTypesNothing;
+        return key::TypesNothing;
     const uint character = typed.front();
     // Control characters (Escape, Ctrl+letter) type nothing a filter could use.
     if (character < 0x20 || character == 0x7f)
-        return kTypesNothing;
+        return key::TypesNothing;
     return static_cast<int>(character);
 }
 

@@ -7,13 +7,32 @@ class QKeySequence;
 
 namespace tovarin::fw {
 
-// The code a key filter sees for a key event: 8 Backspace, 9 Tab, 13 Return and
-// Enter, 28-31 the arrows (left, right, up, down), 127 Forward Delete, a
-// printable ASCII character its own code; anything outside ASCII gives a code
-// above 127 (its Unicode value, or 0x110000 for keys that type nothing).
-// Returns -1 for events that are not keys a filter sees: modifier keys alone
-// and the shortcuts of the menu bar. Any other command-key combination is a
-// key like others (one that types nothing), so a filter refuses it.
+// The codes a key filter sees that are no character of their own; a printable
+// character is its own code (its Unicode value), so filters compare codes
+// with these and with characters alike.
+namespace key {
+enum Code : int {
+    Backspace = 8,
+    Tab = 9, // Shift+Tab too
+    Return = 13, // Enter too
+    LeftArrow = 28,
+    RightArrow = 29,
+    UpArrow = 30,
+    DownArrow = 31,
+    Space = ' ',
+    FullStop = '.',
+    ForwardDelete = 127,
+    // Keys that type nothing a filter could use (Escape, F1, Ctrl+S): above
+    // every character, so no filter accepts them.
+    TypesNothing = 0x110000,
+};
+} // namespace key
+
+// The code a key filter sees for a key event: one of key::Code, or the
+// character the key types. Returns -1 for events that are not keys a filter
+// sees: modifier keys alone and the shortcuts of the menu bar. Any other
+// command-key combination is a key like others (one that types nothing), so a
+// filter refuses it.
 int keyCode(const QKeyEvent& event);
 
 // Makes a shortcut of the menu bar known, so that it passes the key filters

@@ -31,10 +31,10 @@ bool clipboardHasText() {
     return data && data->hasText();
 }
 
-// The Edit items are served by the focused text control, by item name: per
-// item, when it is enabled and what it does, in a line field and in a text area.
+// The edit items are served by the focused text control, by kind: per kind,
+// when the item is enabled and what it does, in a line field and in a text area.
 struct EditItem {
-    const char16_t* name;
+    ItemKind kind;
     bool (*fieldEnabled)(const QLineEdit&);
     void (*fieldAction)(QLineEdit&);
     bool (*areaEnabled)(const QTextEdit&);
@@ -47,40 +47,40 @@ bool hasSelection(const QTextEdit& area) {
 
 // clang-format off
 const EditItem kEditItems[] = {
-    {u"EditUndo",
+    {ItemKind::Undo,
      [](const QLineEdit& f) { return !f.isReadOnly() && f.isUndoAvailable(); }, [](QLineEdit& f) { f.undo(); },
      [](const QTextEdit& a) { return !a.isReadOnly() && a.document()->isUndoAvailable(); },
      [](QTextEdit& a) { a.undo(); }},
-    {u"EditCut",
+    {ItemKind::Cut,
      [](const QLineEdit& f) { return !f.isReadOnly() && f.hasSelectedText(); }, [](QLineEdit& f) { f.cut(); },
      [](const QTextEdit& a) { return !a.isReadOnly() && hasSelection(a); }, [](QTextEdit& a) { a.cut(); }},
-    {u"EditCopy",
+    {ItemKind::Copy,
      [](const QLineEdit& f) { return f.hasSelectedText() && f.echoMode() == QLineEdit::Normal; },
      [](QLineEdit& f) { f.copy(); },
      [](const QTextEdit& a) { return hasSelection(a); }, [](QTextEdit& a) { a.copy(); }},
-    {u"EditPaste",
+    {ItemKind::Paste,
      [](const QLineEdit& f) { return !f.isReadOnly() && clipboardHasText(); }, [](QLineEdit& f) { f.paste(); },
      [](const QTextEdit& a) { return !a.isReadOnly() && a.canPaste(); }, [](QTextEdit& a) { a.paste(); }},
-    {u"EditClear",
+    {ItemKind::Delete,
      [](const QLineEdit& f) { return !f.isReadOnly() && f.hasSelectedText(); }, [](QLineEdit& f) { f.del(); },
      [](const QTextEdit& a) { return !a.isReadOnly() && hasSelection(a); },
      [](QTextEdit& a) { a.textCursor().removeSelectedText(); }},
-    {u"EditSelectAll",
+    {ItemKind::SelectAll,
      [](const QLineEdit& f) { return !f.text().isEmpty(); }, [](QLineEdit& f) { f.selectAll(); },
      [](const QTextEdit& a) { return !a.document()->isEmpty(); }, [](QTextEdit& a) { a.selectAll(); }},
 };
 // clang-format on
 
-const EditItem* editItem(const QString& name) {
+const EditItem* editItem(ItemKind kind) {
     for (const EditItem& item : kEditItems) {
-        if (name == QStringView(item.name))
+        if (item.kind == kind)
             return &item;
     }
     return nullptr;
 }
 
-bool editItemEnabled(const QString& name, QWidget* focus) {
-    const EditItem* item = editItem(name);
+bool editItemEnabled(ItemKind kind, QWidget* focus) {
+    const EditItem* item = editItem(kind);
     if (!item)
         return false;
     if (auto* field = qobject_cast<QLineEdit*>(focus))
@@ -90,10 +90,10 @@ bool editItemEnabled(const QString& name, QWidget* focus) {
     return false;
 }
 
-bool runEditItem(const QString& name, QWidget* focus) {
-    if (!editItemEnabled(name, focus))
+bool runEditItem(ItemKind kind, QWidget* focus) {
+    if (!editItemEnabled(kind, focus))
         return false;
-    const EditItem* item = editItem(name);
+    const EditItem* item = editItem(kind);
     if (auto* field = qobject_cast<QLineEdit*>(focus))
         item->fieldAction(*field);
     else
@@ -152,7 +152,7 @@ QAction* MenuBar::addItem(const QString& menuName, const QString& name, const QS
         action->setMenuRole(kind == ItemKind::Quit    ? QAction::QuitRole
                             : kind == ItemKind::About ? QAction::AboutRole
                                                       : QAction::NoRole);
-        connect(action, &QAction::triggered, this, [this, name] { trigger(name); });
+        connect(action, &QAction::triggered, this, [this, action] { trigger(*action); });
     }
     action->setObjectName(name);
     action->setProperty(kKindProperty, static_cast<int>(kind));
@@ -228,18 +228,18 @@ void MenuBar::updateEnabled() {
             continue;
         const QString name = action->objectName();
         const bool enabled = (front && front->hasMenuHandler(name)) ||
-                             editItemEnabled(name, focus) || kind == ItemKind::Quit;
+                             editItemEnabled(kind, focus) || kind == ItemKind::Quit;
         action->setEnabled(enabled);
     }
 }
 
-void MenuBar::trigger(const QString& name) {
-    const QAction* action = item(name);
-    if (Window* front = frontWindow(); front && front->handleMenuItem(name))
+void MenuBar::trigger(const QAction& action) {
+    if (Window* front = frontWindow(); front && front->handleMenuItem(action.objectName()))
         return;
-    if (runEditItem(name, QApplication::focusWidget()))
+    const ItemKind kind = kindOf(&action);
+    if (runEditItem(kind, QApplication::focusWidget()))
         return;
-    if (action && kindOf(action) == ItemKind::Quit)
+    if (kind == ItemKind::Quit)
         quit(0);
 }
 

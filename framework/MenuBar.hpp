@@ -14,13 +14,14 @@ namespace tovarin::fw {
 class Window;
 
 // The kinds of menu item: a plain item, the quit item and the about item
-// (both of which have built-in actions), and a separator.
-enum class ItemKind { Plain, Quit, About, Separator };
+// (both of which have built-in actions), a separator, and the edit items,
+// which the focused text control serves when no window answers them.
+enum class ItemKind { Plain, Quit, About, Separator, Undo, Cut, Copy, Paste, Delete, SelectAll };
 
 // One menu bar tree, built once and shown on every window that installs it.
 // The tree is named actions; the menu widgets are made when a window first
 // installs the bar, so a program can start without them. Triggering an item runs the handler that
-// the frontmost window registered under the item's name; without one, the Edit items act on the
+// the frontmost window registered under the item's name; without one, an edit item acts on the
 // focused text control and the quit item quits. An item is enabled exactly when something can act
 // on it at that moment.
 class MenuBar : public QObject {
@@ -58,7 +59,7 @@ private:
     };
     Menu* findMenu(const QString& name);
     QMenu* widgetOf(Menu& menu);
-    void trigger(const QString& name);
+    void trigger(const QAction& action);
     // Follows the focused text control, whose state enables the Edit items.
     void watchFocus(QWidget* focus);
     std::vector<Menu> menus_;

@@ -9,6 +9,12 @@
 
 namespace tovarin::fw {
 
+// A document window with a title, a window menu, and buttons to minimise and
+// close it, but none to maximise it or make it fill the screen.
+inline constexpr Qt::WindowFlags kDocumentWindowFlags =
+    Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+    Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
+
 // Base of the program's windows. A window is a single implicit instance of its
 // class (see instance<W>() below); controls are found by object name, and menu
 // items are answered by handlers registered under the item's name.

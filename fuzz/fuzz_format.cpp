@@ -1,7 +1,7 @@
 // Format on any double with each of the report's masks: the text has the
 // mask's shape and reads back through Val as the value rounded to the mask's
 // decimals; the report's two replaced cells follow the number they show.
-#include "engine/ReportCells.hpp"
+#include "engine/report/ReportCells.hpp"
 #include "text/Format.hpp"
 #include "text/Val.hpp"
 

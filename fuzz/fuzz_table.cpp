@@ -1,11 +1,11 @@
 // Any bytes as a data file for the table formats: either a refusal with a line
 // number inside the file, or a table whose numbers hold together, written in
 // every format. The CSV is read back and must give each row's fields again.
-#include "engine/DelimitedTableWriter.hpp"
-#include "engine/JsonTableWriter.hpp"
-#include "engine/ModelTableReader.hpp"
-#include "engine/PaperTableWriter.hpp"
-#include "engine/TableStatistics.hpp"
+#include "engine/table/DelimitedTableWriter.hpp"
+#include "engine/table/JsonTableWriter.hpp"
+#include "engine/table/ModelTableReader.hpp"
+#include "engine/table/PaperTableWriter.hpp"
+#include "engine/table/TableStatistics.hpp"
 
 #include <cmath>
 #include <cstddef>

@@ -48,8 +48,8 @@ void BM_TenThousandModelsToJson(benchmark::State& state) {
         CountingBuffer buffer;
         std::ostream out(&buffer);
         std::ostringstream err;
-        const int status = tovarin::reportCommand(args, out, err);
-        if (status != 0) {
+        const tovarin::ExitStatus status = tovarin::reportCommand(args, out, err);
+        if (status != tovarin::ExitStatus::Done) {
             state.SkipWithError(err.str().c_str());
             break;
         }

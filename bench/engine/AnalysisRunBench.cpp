@@ -1,4 +1,4 @@
-#include "engine/AnalysisRun.hpp"
+#include "engine/report/AnalysisRun.hpp"
 
 #include <benchmark/benchmark.h>
 

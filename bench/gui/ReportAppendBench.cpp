@@ -1,7 +1,7 @@
 // How long the main window takes to take in a 99-model report when its results
 // area already holds 50 reports: through the window's own append path, and as
 // a whole press of the Load Data File button.
-#include "engine/AnalysisRun.hpp"
+#include "engine/report/AnalysisRun.hpp"
 #include "framework/Application.hpp"
 #include "framework/Dialogs.hpp"
 #include "ui/main/ControlWnd.hpp"

@@ -2,7 +2,7 @@
 // formats against an independent computation in long double, and the careful
 // reading's refusals with their line numbers.
 #include "cli/ReportCommand.hpp"
-#include "engine/Messages.hpp"
+#include "engine/report/Messages.hpp"
 #include "tests/engine/TestFiles.hpp"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ struct Outcome {
 
 Outcome run(const std::vector<std::string>& args, bool hints = false) {
     std::ostringstream out, err;
-    const int status = reportCommand(args, out, err, hints);
+    const int status = static_cast<int>(reportCommand(args, out, err, hints));
     return {status, out.str(), err.str()};
 }
 

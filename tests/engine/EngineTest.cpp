@@ -2,15 +2,15 @@
 // refusals, the ways a run ends, every hostile data file held in memory,
 // unreadable files), the line reader and the data lines, and the statistics
 // against an independent reference.
-#include "engine/AnalysisRun.hpp"
-#include "engine/BicStatistics.hpp"
+#include "engine/report/AnalysisRun.hpp"
+#include "engine/report/BicStatistics.hpp"
 #include "engine/ByteSource.hpp"
-#include "engine/Credit.hpp"
-#include "engine/DataFileReader.hpp"
+#include "engine/Version.hpp"
+#include "engine/report/DataFileReader.hpp"
 #include "engine/FileError.hpp"
-#include "engine/LineReader.hpp"
-#include "engine/LocalDateTime.hpp"
-#include "engine/Messages.hpp"
+#include "engine/report/LineReader.hpp"
+#include "engine/report/LocalDateTime.hpp"
+#include "engine/report/Messages.hpp"
 
 #include <gtest/gtest.h>
 

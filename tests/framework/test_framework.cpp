@@ -20,7 +20,9 @@ using namespace tovarin::fw;
 
 class FrameworkTest : public QObject {
     Q_OBJECT
-    const char* const edits_[6] = {"EditUndo", "EditCut", "EditCopy", "EditPaste", "EditClear", "EditSelectAll"};
+    const std::pair<const char*, ItemKind> edits_[6] = {{"EditUndo", ItemKind::Undo}, {"EditCut", ItemKind::Cut},
+        {"EditCopy", ItemKind::Copy}, {"EditPaste", ItemKind::Paste}, {"EditClear", ItemKind::Delete},
+        {"EditSelectAll", ItemKind::SelectAll}};
     std::unique_ptr<MenuBar> bar_;
     Window* window_ = nullptr;
     TextField* field_ = nullptr;
@@ -32,8 +34,8 @@ private slots:
         delete window_;
         bar_ = std::make_unique<MenuBar>();
         bar_->addMenu("EditMenu", "&Edit");
-        for (const char* item : edits_)
-            bar_->addItem("EditMenu", item, item);
+        for (const auto& [item, kind] : edits_)
+            bar_->addItem("EditMenu", item, item, {}, kind);
         window_ = new Window(400, 300);
         field_ = new TextField(window_->content());
         area_ = new TextArea(window_->content());
@@ -67,7 +69,7 @@ private slots:
                 if (state.contains(u's'))
                     QTest::keyClick(target, Qt::Key_Left, Qt::ShiftModifier);
                 QString actual;
-                for (const char* name : edits_)
+                for (const auto& [name, kind] : edits_)
                     actual += bar_->item(name)->isEnabled() ? QChar(u"UXCPDA"[actual.size()]) : QChar(u'.');
                 if (*item) {
                     bar_->item(item)->trigger();

@@ -1,9 +1,10 @@
 #include "ui/main/ControlWnd.hpp"
 
-#include "engine/Credit.hpp"
+#include "engine/Version.hpp"
 #include "ui/AppPictures.hpp"
 #include "ui/main/Fonts.hpp"
-#include "ui/main/MenuBar1.hpp"
+#include "ui/MainWindow.hpp"
+#include "ui/MenuBar1.hpp"
 
 #include <QPalette>
 #include <QRegularExpressionValidator>
@@ -50,6 +51,15 @@ void setUpButton(fw::PushButton& button, const QString& caption) {
 
 } // namespace
 
+void showMainWindow() {
+    fw::instance<ControlWnd>().showWindow();
+}
+
+const fw::Window* visibleMainWindow() {
+    const ControlWnd* main = fw::openInstance<ControlWnd>();
+    return main && main->isVisible() ? main : nullptr;
+}
+
 ControlWnd::ControlWnd() : fw::Window(700, 600) {
     Layout();
     CreateControls();
@@ -64,11 +74,8 @@ void ControlWnd::Layout() {
     MenuBar1().installOn(*this);
 
     setWindowTitle(QStringLiteral("Velmoran"));
-    // A document window that can be closed and minimised but neither resized,
-    // maximised nor made full-screen.
-    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                   Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
-                   Qt::WindowCloseButtonHint);
+    setWindowFlags(fw::kDocumentWindowFlags);
+    // Nor can it be resized: its controls stand at fixed places.
     setFixedContentSize();
 
     QPalette palette = content()->palette();

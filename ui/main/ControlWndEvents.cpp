@@ -1,9 +1,10 @@
 // What the main window does with keys, button presses, menu items and closing.
 #include "ui/main/ControlWnd.hpp"
 
-#include "engine/AnalysisRun.hpp"
+#include "engine/report/AnalysisRun.hpp"
 #include "framework/Dialogs.hpp"
 #include "framework/Quit.hpp"
+#include "ui/MenuItems.hpp"
 #include "ui/main/KeyFilters.hpp"
 #include "ui/main/RunHost.hpp"
 #include "ui/secondary/AboutWnd.hpp"
@@ -11,24 +12,13 @@
 
 namespace tovarin {
 
-namespace {
-
-// Menu shortcuts and lone modifier keys come as no code; the field handles them.
-constexpr bool isFilteredKey(int code) {
-    return code >= 0;
-}
-
-} // namespace
-
 void ControlWnd::AddMenuHandlers() {
-    addMenuHandler(QStringLiteral("FileQuit"), [this] { return FileQuit_Action(); });
-    addMenuHandler(QStringLiteral("InfoItem"), [this] { return InfoItem_Action(); });
-    addMenuHandler(QStringLiteral("AboutItem"), [this] { return AboutItem_Action(); });
+    addMenuHandler(MenuItem::FileQuit, [this] { return FileQuit_Action(); });
+    addMenuHandler(MenuItem::InfoItem, [this] { return InfoItem_Action(); });
+    addMenuHandler(MenuItem::AboutItem, [this] { return AboutItem_Action(); });
 }
 
 bool ControlWnd::pFld_KeyDown(int code) {
-    if (!isFilteredKey(code))
-        return false;
     // Any key in the count field drops the report on show, even one refused
     // below: a changed count must not sit beside results of the old one.
     ResultsFld()->clear();
@@ -39,7 +29,7 @@ bool ControlWnd::pFld_KeyDown(int code) {
 }
 
 bool ControlWnd::ResultsFld_KeyDown(int code) {
-    if (!isFilteredKey(code) || resultsFieldAccepts(code))
+    if (resultsFieldAccepts(code))
         return false;
     fw::beep();
     return true;

@@ -1,20 +1,15 @@
 #include "ui/main/KeyFilters.hpp"
 
+#include "framework/KeyCode.hpp"
+
 namespace tovarin {
 
 namespace {
 
-constexpr int kBackspace = 8;
-constexpr int kTab = 9;
-constexpr int kReturn = 13;
-constexpr int kLeftArrow = 28;
-constexpr int kRightArrow = 29;
-constexpr int kSpace = 32;
-constexpr int kFullStop = 46;
-constexpr int kForwardDelete = 127;
+namespace key = fw::key;
 
 bool isEditingKey(int code) {
-    return code == kBackspace || code == kTab || code == kForwardDelete;
+    return code == key::Backspace || code == key::Tab || code == key::ForwardDelete;
 }
 
 bool isDigit(int code) {
@@ -24,13 +19,14 @@ bool isDigit(int code) {
 } // namespace
 
 bool countFieldAccepts(int code) {
-    return isEditingKey(code) || code == kLeftArrow || code == kRightArrow || isDigit(code);
+    return isEditingKey(code) || code == key::LeftArrow || code == key::RightArrow ||
+           isDigit(code);
 }
 
 bool resultsFieldAccepts(int code) {
     // From the colon to the small z the whole run is printable text for a report.
-    return isEditingKey(code) || code == kReturn || code == kSpace || code == kFullStop ||
-           isDigit(code) || (code >= ':' && code <= 'z');
+    return isEditingKey(code) || code == key::Return || code == key::Space ||
+           code == key::FullStop || isDigit(code) || (code >= ':' && code <= 'z');
 }
 
 } // namespace tovarin

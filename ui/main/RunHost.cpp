@@ -1,6 +1,6 @@
 #include "ui/main/RunHost.hpp"
 
-#include "engine/LocalDateTime.hpp"
+#include "engine/report/LocalDateTime.hpp"
 #include "framework/Dialogs.hpp"
 #include "ui/main/ControlWnd.hpp"
 

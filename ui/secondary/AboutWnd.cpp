@@ -1,6 +1,6 @@
 #include "ui/secondary/AboutWnd.hpp"
 
-#include "engine/Credit.hpp"
+#include "engine/Version.hpp"
 #include "framework/Application.hpp"
 #include "framework/Canvas.hpp"
 #include "framework/HandlerGuard.hpp"
@@ -9,7 +9,7 @@
 #include "framework/MenuBar.hpp"
 #include "framework/OneShotTimer.hpp"
 #include "ui/AppPictures.hpp"
-#include "ui/main/ControlWnd.hpp"
+#include "ui/MainWindow.hpp"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -114,7 +114,7 @@ bool AboutWnd::Event_KeyDown(int) {
 
 void AboutWnd::dismiss() {
     fw::instance<AboutWnd>().hide();
-    fw::instance<ControlWnd>().showWindow();
+    showMainWindow();
 }
 
 void AboutWnd::mousePressEvent(QMouseEvent* event) {

@@ -1,5 +1,7 @@
 #include "ui/secondary/HelpText.hpp"
 
+#include "engine/Version.hpp"
+
 namespace tovarin {
 
 namespace {
@@ -216,12 +218,14 @@ constexpr char kHelpText[] =
     "\u2013\u2013\u2013\u2013\u2013\u2013\u2013\u2013"
     "\u2013\u2013\u2013\u2013\u2013\u2013\u2013\u2013"
     "\u2013\u2013\u2013\u2013\u2013\u2013\u2013\u2013\r"
-    "Tovarin 1.1. Copyright (c) 2026 The Tovarin developers. Tovarin may be used and passed"
+    "Tovarin " TOVARIN_SHORT_VERSION ". Copyright (c) " TOVARIN_YEAR
+    " The Tovarin developers. Tovarin may be used and passed"
     " on free of charge for research and teaching, provided that this notice is kept with "
     "it.\r"
     "\r"
-    "To cite this program: The Tovarin developers (2026). Tovarin: Model comparison by "
-    "Tovarin values, BIC posteriors and Bayes factors (Version 1.1) [Computer software].\r"
+    "To cite this program: The Tovarin developers (" TOVARIN_YEAR "). Tovarin: Model "
+    "comparison by Tovarin values, BIC posteriors and Bayes factors (Version " TOVARIN_SHORT_VERSION
+    ") [Computer software].\r"
     "\r"
     "Tovarin is provided \"as is\", without warranty of any kind, express or implied, "
     "including but not limited to the warranties of merchantability and fitness for a "

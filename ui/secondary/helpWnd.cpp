@@ -1,8 +1,9 @@
 #include "ui/secondary/helpWnd.hpp"
 
 #include "framework/TextArea.hpp"
-#include "ui/main/ControlWnd.hpp"
-#include "ui/main/MenuBar1.hpp"
+#include "ui/MainWindow.hpp"
+#include "ui/MenuBar1.hpp"
+#include "ui/MenuItems.hpp"
 #include "ui/secondary/HelpText.hpp"
 
 #include <QFontDatabase>
@@ -51,11 +52,8 @@ void helpWnd::Layout() {
     MenuBar1().installOn(*this);
 
     setWindowTitle(QStringLiteral("Info"));
-    // A document window that can be resized, minimised and closed, but has no
-    // maximise or full-screen button.
-    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                   Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
-                   Qt::WindowCloseButtonHint);
+    // It can be resized, but not maximised.
+    setWindowFlags(fw::kDocumentWindowFlags);
     setMinimumSize(kSmallestSide, kSmallestSide);
     setMaximumSize(kLargestSide, kLargestSide);
 }
@@ -105,17 +103,17 @@ void helpWnd::EditField1_Open(fw::TextArea& area) {
 }
 
 void helpWnd::AddMenuHandlers() {
-    addMenuHandler(QStringLiteral("ControlItem"), [this] { return ControlItem_Action(); });
+    addMenuHandler(MenuItem::ControlItem, [this] { return ControlItem_Action(); });
 }
 
 bool helpWnd::ControlItem_Action() {
-    fw::instance<ControlWnd>().showWindow();
+    showMainWindow();
     return true;
 }
 
 void helpWnd::placeOverParent() {
     QRect target;
-    if (const auto* main = fw::openInstance<ControlWnd>(); main && main->isVisible())
+    if (const fw::Window* main = visibleMainWindow())
         target = main->frameGeometry();
     else if (const QScreen* screen = QGuiApplication::primaryScreen())
         target = screen->availableGeometry();
