@@ -1,18 +1,13 @@
 #include "engine/table/DelimitedTableWriter.hpp"
 
 #include "engine/table/NumberText.hpp"
+#include "engine/table/TableColumns.hpp"
 
 #include <cmath>
 
 namespace tovarin {
 
 namespace {
-
-constexpr const char* kFieldNames[] = {"rank",         "name",
-                                       "bic",          "delta_bic",
-                                       "weight",       "cumulative_weight",
-                                       "bayes_factor", "ln_bayes_factor",
-                                       "evidence",     "in_confidence_set"};
 
 // Full precision; an infinity as R and Python's float() both read it.
 std::string numberField(double value) {
@@ -22,8 +17,8 @@ std::string numberField(double value) {
     return std::isnan(value) ? "NaN" : shortestText(value);
 }
 
-void appendField(std::string& out, const std::string& text, char separator) {
-    if (text.find_first_of(std::string{separator, '"', '\r', '\n'}) == std::string::npos) {
+void appendField(std::string& out, std::string_view text, char separator) {
+    if (text.find_first_of(std::string{separator, '"', '\r', '\n'}) == std::string_view::npos) {
         out += text;
         return;
     }
@@ -37,26 +32,29 @@ void appendField(std::string& out, const std::string& text, char separator) {
     out += '"';
 }
 
+struct FieldText {
+    std::string operator()(std::int64_t value) const { return std::to_string(value); }
+    std::string operator()(std::string_view text) const { return std::string(text); }
+    std::string operator()(double value) const { return numberField(value); }
+    std::string operator()(bool value) const { return value ? "true" : "false"; }
+};
+
 void writeTable(std::string& out, const TableDocument& table, char separator, const char* lineEnd) {
-    const auto row = [&](const auto& fields) {
-        bool first = true;
-        for (const std::string& field : fields) {
-            if (!first) {
+    for (const ColumnSpec& spec : kTableColumns) {
+        if (spec.column != kTableColumns.front().column) {
+            out += separator;
+        }
+        appendField(out, spec.field, separator);
+    }
+    out += lineEnd;
+    for (const TableRow& row : table.rows) {
+        for (const ColumnSpec& spec : kTableColumns) {
+            if (spec.column != kTableColumns.front().column) {
                 out += separator;
             }
-            first = false;
-            appendField(out, field, separator);
+            appendField(out, std::visit(FieldText{}, cellOf(row, spec.column)), separator);
         }
         out += lineEnd;
-    };
-    row(std::vector<std::string>(std::begin(kFieldNames), std::end(kFieldNames)));
-    for (const TableRow& model : table.rows) {
-        row(std::vector<std::string>{
-            std::to_string(model.rank), model.name, numberField(model.bic),
-            numberField(model.deltaBic), numberField(model.weight),
-            numberField(model.cumulativeWeight), numberField(model.bayesFactor),
-            numberField(model.lnBayesFactor), evidenceLabel(model.evidence),
-            model.inConfidenceSet ? "true" : "false"});
     }
 }
 

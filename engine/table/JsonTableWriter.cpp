@@ -1,10 +1,10 @@
 #include "engine/table/JsonTableWriter.hpp"
 
 #include "engine/table/NumberText.hpp"
+#include "engine/table/TableColumns.hpp"
 #include "text/Utf8.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace tovarin {
@@ -58,6 +58,14 @@ void appendNumber(std::string& out, double value) {
     }
 }
 
+struct JsonValue {
+    std::string& out;
+    void operator()(std::int64_t value) const { out += std::to_string(value); }
+    void operator()(std::string_view text) const { appendString(out, text); }
+    void operator()(double value) const { appendNumber(out, value); }
+    void operator()(bool value) const { out += value ? "true" : "false"; }
+};
+
 } // namespace
 
 void writeJsonTable(std::string& out, const TableDocument& table) {
@@ -73,29 +81,17 @@ void writeJsonTable(std::string& out, const TableDocument& table) {
     out += ",\n  \"models\": [";
     bool first = true;
     for (const TableRow& row : table.rows) {
-        out += first ? "\n    {\"rank\": " : ",\n    {\"rank\": ";
+        out += first ? "\n    {" : ",\n    {";
         first = false;
-        out += std::to_string(row.rank);
-        out += ", \"name\": ";
-        appendString(out, row.name);
-        const std::array<std::pair<const char*, double>, 6> numbers{{
-            {"bic", row.bic},
-            {"delta_bic", row.deltaBic},
-            {"weight", row.weight},
-            {"cumulative_weight", row.cumulativeWeight},
-            {"bayes_factor", row.bayesFactor},
-            {"ln_bayes_factor", row.lnBayesFactor},
-        }};
-        for (const auto& [key, value] : numbers) {
-            out += ", \"";
-            out += key;
-            out += "\": ";
-            appendNumber(out, value);
+        for (const ColumnSpec& spec : kTableColumns) {
+            if (spec.column != kTableColumns.front().column) {
+                out += ", ";
+            }
+            appendString(out, spec.field);
+            out += ": ";
+            std::visit(JsonValue{out}, cellOf(row, spec.column));
         }
-        out += ", \"evidence\": ";
-        appendString(out, evidenceLabel(row.evidence));
-        out += ", \"in_confidence_set\": ";
-        out += row.inConfidenceSet ? "true}" : "false}";
+        out += '}';
     }
     out += "\n  ]\n}\n";
 }

@@ -1,8 +1,8 @@
 #include "engine/table/PaperTableWriter.hpp"
 
 #include "engine/table/NumberText.hpp"
+#include "engine/table/TableColumns.hpp"
 
-#include <array>
 #include <cmath>
 
 namespace tovarin {
@@ -12,10 +12,6 @@ namespace {
 constexpr int kBicDecimals = 2;
 constexpr int kWeightDecimals = 3;
 constexpr double kPlainFactorLimit = 100000.0;
-constexpr std::size_t kColumns = 10;
-
-using Cells = std::array<std::string, kColumns>;
-
 // The confidence level as a percentage without trailing zeros: "95", "99.9".
 std::string percentText(double confidence) {
     std::string text = fixedText(confidence * 100.0, 4);
@@ -60,17 +56,39 @@ std::string signedText(double value, const Dialect& dialect) {
     return text;
 }
 
-Cells rowCells(const TableRow& row, const Dialect& dialect) {
-    return {std::to_string(row.rank),
-            dialect.escape(row.name),
-            signedText(row.bic, dialect),
-            fixedText(row.deltaBic, kBicDecimals),
-            weightText(row.weight),
-            fixedText(row.cumulativeWeight, kWeightDecimals),
-            factorText(row.bayesFactor, dialect),
-            fixedText(row.lnBayesFactor, kBicDecimals),
-            evidenceLabel(row.evidence),
-            row.inConfidenceSet ? "yes" : "no"};
+std::string paperCell(const TableRow& row, Column column, const Dialect& dialect) {
+    switch (column) {
+    case Column::Rank:
+        return std::to_string(row.rank);
+    case Column::Name:
+        return dialect.escape(row.name);
+    case Column::Bic:
+        return signedText(row.bic, dialect);
+    case Column::DeltaBic:
+        return fixedText(row.deltaBic, kBicDecimals);
+    case Column::Weight:
+        return weightText(row.weight);
+    case Column::CumulativeWeight:
+        return fixedText(row.cumulativeWeight, kWeightDecimals);
+    case Column::BayesFactor:
+        return factorText(row.bayesFactor, dialect);
+    case Column::LnBayesFactor:
+        return fixedText(row.lnBayesFactor, kBicDecimals);
+    case Column::Evidence:
+        return evidenceLabel(row.evidence);
+    case Column::InConfidenceSet:
+        return row.inConfidenceSet ? "yes" : "no";
+    }
+    return {};
+}
+
+// A heading with the confidence level put in for "{P}".
+std::string heading(std::string_view text, const std::string& percent) {
+    std::string out(text);
+    if (const std::size_t at = out.find("{P}"); at != std::string::npos) {
+        out.replace(at, 3, percent);
+    }
+    return out;
 }
 
 std::string captionText(const TableDocument& table, const std::string& file,
@@ -138,12 +156,17 @@ const Dialect kLatex{latexEscape, latexPower, "$-$", "$> 1.8 \\times 10^{308}$"}
 void writeMarkdownTable(std::string& out, const TableDocument& table) {
     const std::string percent = percentText(table.confidence);
     out += "Table: " + captionText(table, markdownEscape(table.file), percent + " %") + "\n\n";
-    out += "| Rank | Model | BIC | \u0394BIC | Weight | Cum. weight | BF | ln BF | Evidence | In " +
-           percent + " % set |\n";
-    out += "|---:|:---|---:|---:|---:|---:|---:|---:|:---|:---|\n";
+    for (const ColumnSpec& spec : kTableColumns) {
+        out += "| " + heading(spec.markdown, percent) + " ";
+    }
+    out += "|\n";
+    for (const ColumnSpec& spec : kTableColumns) {
+        out += spec.numeric ? "|---:" : "|:---";
+    }
+    out += "|\n";
     for (const TableRow& row : table.rows) {
-        for (const std::string& cell : rowCells(row, kMarkdown)) {
-            out += "| " + cell + " ";
+        for (const ColumnSpec& spec : kTableColumns) {
+            out += "| " + paperCell(row, spec.column, kMarkdown) + " ";
         }
         out += "|\n";
     }
@@ -155,17 +178,25 @@ void writeLatexTable(std::string& out, const TableDocument& table) {
     out += "\\begin{table}[htbp]\n  \\centering\n  \\caption{" +
            captionText(table, "\\texttt{" + latexEscape(table.file) + "}", percent + "\\,\\%") +
            "}\n";
-    out += "  \\begin{tabular}{rlrrrrrrll}\n    \\toprule\n";
-    out += "    Rank & Model & BIC & $\\Delta$BIC & Weight & Cum.\\ weight & BF & $\\ln$ BF & "
-           "Evidence & In " +
-           percent + "\\,\\% set \\\\\n    \\midrule\n";
-    for (const TableRow& row : table.rows) {
-        const Cells cells = rowCells(row, kLatex);
+    out += "  \\begin{tabular}{";
+    for (const ColumnSpec& spec : kTableColumns) {
+        out += spec.numeric ? 'r' : 'l';
+    }
+    out += "}\n    \\toprule\n";
+    const auto line = [&](const auto& cell) {
         out += "    ";
-        for (std::size_t i = 0; i < kColumns; ++i) {
-            out += cells[i];
-            out += i + 1 < kColumns ? " & " : " \\\\\n";
+        for (const ColumnSpec& spec : kTableColumns) {
+            if (spec.column != kTableColumns.front().column) {
+                out += " & ";
+            }
+            out += cell(spec);
         }
+        out += " \\\\\n";
+    };
+    line([&](const ColumnSpec& spec) { return heading(spec.latex, percent); });
+    out += "    \\midrule\n";
+    for (const TableRow& row : table.rows) {
+        line([&](const ColumnSpec& spec) { return paperCell(row, spec.column, kLatex); });
     }
     out += "    \\bottomrule\n  \\end{tabular}\n\\end{table}\n";
 }
