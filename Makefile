@@ -4,8 +4,11 @@
 BUILD_DIR ?= build
 BUILD_TYPE ?= RelWithDebInfo
 JOBS ?= $(shell nproc)
+# WERROR=ON (as CI builds) makes every compiler warning an error.
+WERROR ?= OFF
+CMAKE_FLAGS = -DCMAKE_COMPILE_WARNING_AS_ERROR=$(WERROR)
 
-.PHONY: all deps configure build run test package bench format clean
+.PHONY: all deps configure build run test package bench format format-check clean
 
 all: build
 
@@ -13,7 +16,7 @@ deps:
 	@bash scripts/install-deps.sh
 
 $(BUILD_DIR)/build.ninja: | deps
-	cmake -S . -B $(BUILD_DIR) -G Ninja -DCMAKE_BUILD_TYPE=$(BUILD_TYPE)
+	cmake -S . -B $(BUILD_DIR) -G Ninja -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) $(CMAKE_FLAGS)
 
 configure: deps $(BUILD_DIR)/build.ninja
 
@@ -38,8 +41,13 @@ package: build
 bench: build
 	@bash scripts/bench.sh $(BUILD_DIR)
 
+# Every tracked C++ file as clang-format leaves it; format-check only tells.
+CXX_FILES = git ls-files '*.cpp' '*.hpp'
 format:
-	git ls-files '*.cpp' '*.hpp' | xargs clang-format -i
+	$(CXX_FILES) | xargs clang-format -i
+
+format-check:
+	$(CXX_FILES) | xargs clang-format --dry-run -Werror
 
 clean:
 	rm -rf $(BUILD_DIR)
@@ -53,7 +61,7 @@ FUZZ_SECONDS ?= 60
 .PHONY: sanitize fuzz
 
 sanitize: deps
-	CC=clang-14 CXX=clang++-14 cmake -S . -B $(SAN_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+	CC=clang-14 CXX=clang++-14 cmake -S . -B $(SAN_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Debug $(CMAKE_FLAGS) \
 	  -DTOVARIN_BUILD_BENCH=OFF \
 	  -DCMAKE_CXX_FLAGS="-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer" \
 	  -DCMAKE_EXE_LINKER_FLAGS="-fsanitize=address,undefined"
@@ -64,7 +72,7 @@ sanitize: deps
 	  ctest --output-on-failure -j $(JOBS) --label-exclude package
 
 fuzz: deps
-	CC=clang-14 CXX=clang++-14 cmake -S . -B $(FUZZ_DIR) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+	CC=clang-14 CXX=clang++-14 cmake -S . -B $(FUZZ_DIR) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo $(CMAKE_FLAGS) \
 	  -DTOVARIN_BUILD_GUI=OFF -DTOVARIN_BUILD_TESTS=OFF -DTOVARIN_BUILD_BENCH=OFF -DTOVARIN_BUILD_FUZZ=ON
 	cmake --build $(FUZZ_DIR) -j $(JOBS)
 	@bash fuzz/run.sh $(FUZZ_DIR) $(FUZZ_SECONDS)

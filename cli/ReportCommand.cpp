@@ -5,9 +5,9 @@
 #include "cli/InputText.hpp"
 #include "cli/TableCommand.hpp"
 #include "cli/TableOptions.hpp"
-#include "engine/report/AnalysisRun.hpp"
 #include "engine/FileError.hpp"
 #include "engine/Version.hpp"
+#include "engine/report/AnalysisRun.hpp"
 #include "text/Val.hpp"
 
 #include <algorithm>
@@ -100,8 +100,8 @@ void hintAboutClassicRead(const std::string& countText, const std::string& file,
     }
 }
 
-ExitStatus classicCommand(const std::vector<std::string>& operands, std::ostream& out, std::ostream& err,
-                   bool hints) {
+ExitStatus classicCommand(const std::vector<std::string>& operands, std::ostream& out,
+                          std::ostream& err, bool hints) {
     CliHost host(operands[0], operands[1], out, err);
     try {
         switch (runAnalysis(host, "\n")) {
@@ -132,7 +132,7 @@ ExitStatus classicCommand(const std::vector<std::string>& operands, std::ostream
 } // namespace
 
 ExitStatus reportCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
-                  bool hints) {
+                         bool hints) {
     std::vector<std::string> operands;
     bool optionsEnded = false;
     bool tableForm = false;

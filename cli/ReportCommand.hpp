@@ -16,6 +16,6 @@ namespace tovarin {
 // name. Returns the exit status; OutputFailed is main's, which owns standard
 // output.
 ExitStatus reportCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
-                  bool hints = false);
+                         bool hints = false);
 
 } // namespace tovarin

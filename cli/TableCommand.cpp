@@ -2,11 +2,11 @@
 
 #include "cli/CliHost.hpp"
 #include "cli/InputText.hpp"
-#include "engine/report/AnalysisRun.hpp"
-#include "engine/table/DelimitedTableWriter.hpp"
 #include "engine/FileError.hpp"
-#include "engine/table/JsonTableWriter.hpp"
+#include "engine/report/AnalysisRun.hpp"
 #include "engine/report/ModelSet.hpp"
+#include "engine/table/DelimitedTableWriter.hpp"
+#include "engine/table/JsonTableWriter.hpp"
 #include "engine/table/ModelTableReader.hpp"
 #include "engine/table/PaperTableWriter.hpp"
 #include "engine/table/TableDocument.hpp"
@@ -29,12 +29,13 @@ std::string where(const std::string& file, std::int64_t line) {
 // The classic report of models that were read carefully: the same statistics,
 // messages and text as `tovarin-report COUNT FILE` gives for a tidy file.
 ExitStatus writeClassicReport(const TableOptions& options, const std::vector<TableModel>& models,
-                       std::ostream& out, std::ostream& err) {
+                              std::ostream& out, std::ostream& err) {
     const std::string file = inputMessageName(options.file);
     const auto count = std::ssize(models);
     if (count < ModelSet::kMinModels || count > ModelSet::kMaxModels) {
         err << kPrefix << file << ": " << count << " model lines; the report compares "
-            << ModelSet::kMinModels << " to " << ModelSet::kMaxModels << " models (a table format takes any "
+            << ModelSet::kMinModels << " to " << ModelSet::kMaxModels
+            << " models (a table format takes any "
                "number)\n";
         return ExitStatus::NoResult;
     }

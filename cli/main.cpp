@@ -16,8 +16,9 @@ int main(int argc, char** argv) {
     tovarin::OutputBuffer buffer(STDOUT_FILENO);
     std::ostream out(&buffer);
     // Hints are for a person reading the terminal; scripts see the messages alone.
-    const tovarin::ExitStatus status = tovarin::reportCommand(std::vector<std::string>(argv + 1, argv + argc), out,
-                                              std::cerr, ::isatty(STDERR_FILENO) == 1);
+    const tovarin::ExitStatus status =
+        tovarin::reportCommand(std::vector<std::string>(argv + 1, argv + argc), out, std::cerr,
+                               ::isatty(STDERR_FILENO) == 1);
     out.flush();
     if (buffer.error() != 0) {
         std::cerr << "tovarin-report: cannot write the output: " << std::strerror(buffer.error())

@@ -13,7 +13,7 @@ namespace tovarin::fw {
 namespace key {
 enum Code : int {
     Backspace = 8,
-    Tab = 9, // Shift+Tab too
+    Tab = 9,     // Shift+Tab too
     Return = 13, // Enter too
     LeftArrow = 28,
     RightArrow = 29,

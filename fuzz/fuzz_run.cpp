@@ -1,8 +1,8 @@
 // Any bytes as a data file, any count from 2 to 99, through the whole analysis
 // run into the report, with the report's shape checked against the data.
+#include "engine/ByteSource.hpp"
 #include "engine/report/AnalysisRun.hpp"
 #include "engine/report/BicStatistics.hpp"
-#include "engine/ByteSource.hpp"
 #include "engine/report/Messages.hpp"
 #include "engine/report/ReportCells.hpp"
 #include "text/Utf8.hpp"

@@ -7,7 +7,7 @@ packages=(
   cmake ninja-build g++ make pkg-config
   qt6-base-dev qt6-qpa-plugins libqt6test6 libgl-dev
   libgtest-dev libgmock-dev libbenchmark-dev python3
-  clang-14 libclang-rt-14-dev locales
+  clang-14 clang-format libclang-rt-14-dev locales
   xvfb xauth xdotool xclip x11-utils libx11-dev
   weston qt6-wayland dbus at-spi2-core python3-pyatspi python3-xlib
   imagemagick fonts-dejavu-core

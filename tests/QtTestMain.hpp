@@ -12,6 +12,9 @@
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);                               \
         start;                                                                                     \
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));                     \
-        const int status = [&] { TestObject test; return QTest::qExec(&test, argc, argv); }();     \
+        const int status = [&] {                                                                   \
+            TestObject test;                                                                       \
+            return QTest::qExec(&test, argc, argv);                                                \
+        }();                                                                                       \
         return stop, status;                                                                       \
     }

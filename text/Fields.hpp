@@ -15,7 +15,6 @@ std::string ReplaceAll(std::string_view source, std::string_view find,
 // Fields keep their spaces; a number below 1 or beyond the last field gives
 // the empty text. An empty separator leaves the whole text as field 1. The
 // field is a view into `source`.
-std::string_view NthField(std::string_view source, std::string_view separator,
-                          std::int64_t number);
+std::string_view NthField(std::string_view source, std::string_view separator, std::int64_t number);
 
 } // namespace tovarin

@@ -1,9 +1,9 @@
 #include "engine/report/AnalysisRun.hpp"
 
-#include "engine/report/BicStatistics.hpp"
 #include "engine/ByteSource.hpp"
-#include "engine/report/DataFileReader.hpp"
 #include "engine/FileError.hpp"
+#include "engine/report/BicStatistics.hpp"
+#include "engine/report/DataFileReader.hpp"
 #include "engine/report/LineReader.hpp"
 #include "engine/report/Messages.hpp"
 #include "engine/report/ModelSet.hpp"

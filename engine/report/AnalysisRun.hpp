@@ -1,9 +1,9 @@
 #pragma once
 
+#include "engine/ByteSource.hpp"
 #include "engine/report/AnalysisHost.hpp"
 #include "engine/report/LineEnd.hpp"
 #include "engine/report/ModelSet.hpp"
-#include "engine/ByteSource.hpp"
 
 #include <filesystem>
 #include <functional>

@@ -38,8 +38,7 @@ void appendRow(AnalysisHost& host, const ModelRow& row, const std::string& lineE
     appendShrinkingCell(piece, formatTo(number, row.bic, kBicMask), kBicWidth);
     host.appendResults(piece);
     piece.clear();
-    appendShrinkingCell(piece, formatTo(number, row.difference, kDifferenceMask),
-                        kDifferenceWidth);
+    appendShrinkingCell(piece, formatTo(number, row.difference, kDifferenceMask), kDifferenceWidth);
     host.appendResults(piece);
     piece.clear();
     appendShrinkingCell(piece, probabilityText(row.probability, number), kProbabilityWidth);

@@ -2,12 +2,12 @@
 // refusals, the ways a run ends, every hostile data file held in memory,
 // unreadable files), the line reader and the data lines, and the statistics
 // against an independent reference.
+#include "engine/ByteSource.hpp"
+#include "engine/FileError.hpp"
+#include "engine/Version.hpp"
 #include "engine/report/AnalysisRun.hpp"
 #include "engine/report/BicStatistics.hpp"
-#include "engine/ByteSource.hpp"
-#include "engine/Version.hpp"
 #include "engine/report/DataFileReader.hpp"
-#include "engine/FileError.hpp"
 #include "engine/report/LineReader.hpp"
 #include "engine/report/LocalDateTime.hpp"
 #include "engine/report/Messages.hpp"
@@ -31,11 +31,17 @@ public:
     std::vector<std::string> events, messages;
 
     std::string countText() const override { return count; }
-    void showMessage(const std::string& text) override { events.emplace_back("message"), messages.push_back(text); }
+    void showMessage(const std::string& text) override {
+        events.emplace_back("message"), messages.push_back(text);
+    }
     void focusCountField() override { events.emplace_back("focus"); }
-    std::optional<std::filesystem::path> chooseDataFile() override { return events.emplace_back("choose"), file; }
+    std::optional<std::filesystem::path> chooseDataFile() override {
+        return events.emplace_back("choose"), file;
+    }
     void showResults() override { events.emplace_back("show"); }
-    void appendResults(std::string_view piece) override { events.emplace_back("append"), results += piece; }
+    void appendResults(std::string_view piece) override {
+        events.emplace_back("append"), results += piece;
+    }
     void setResultsBold(std::int64_t start, std::int64_t length) override {
         events.push_back("bold " + std::to_string(start) + " " + std::to_string(length));
     }
@@ -58,7 +64,8 @@ TEST(Run, RefusesCountsOutsideTwoToNinetyNineBeforeTheChooser) {
         FakeHost host;
         host.count = count;
         EXPECT_EQ(runAnalysis(host, "\r"), *count ? RunEnd::BadCount : RunEnd::EmptyCount);
-        EXPECT_EQ(host.messages, Texts{(*count ? kBadCountMessage : kEmptyCountMessage) + std::string("\r")});
+        EXPECT_EQ(host.messages,
+                  Texts{(*count ? kBadCountMessage : kEmptyCountMessage) + std::string("\r")});
         EXPECT_EQ(host.events, (Texts{"message", "focus"})) << count;
     }
 }
@@ -72,7 +79,9 @@ struct RunCase {
     Texts reportHas; // with "\r" line ends
 };
 
-void PrintTo(const RunCase& c, std::ostream* out) { *out << c.name; }
+void PrintTo(const RunCase& c, std::ostream* out) {
+    *out << c.name;
+}
 
 // The texts `piece` gives for 1 to n, joined.
 std::string joined(int n, const std::function<std::string(int)>& piece) {
@@ -89,7 +98,9 @@ TEST_P(Run, EndsAsExpected) {
     FakeHost host;
     host.count = c.count;
     host.file = "/data/models.txt";
-    EXPECT_EQ(runAnalysis(host, "\r", [&](const auto& file) { return std::make_unique<MemorySource>(c.bytes, file); }),
+    EXPECT_EQ(runAnalysis(
+                  host, "\r",
+                  [&](const auto& file) { return std::make_unique<MemorySource>(c.bytes, file); }),
               c.end);
     EXPECT_EQ(host.messages, c.messages);
     // Each message takes the focus to the count field; a report shows the area
@@ -115,46 +126,152 @@ TEST_P(Run, EndsAsExpected) {
 
 const std::string kZero = kZeroBicMessage;
 // Counts cut towards zero, and each hostile file: a report (after any message) or a message alone.
-INSTANTIATE_TEST_SUITE_P(HostileFiles, Run, ::testing::ValuesIn(std::vector<RunCase>{
+INSTANTIATE_TEST_SUITE_P(
+    HostileFiles, Run,
+    ::testing::ValuesIn(std::vector<RunCase>{
 
-    {"2.9 is 2", "2.9", "A\t10\nB\t20\nC\t30\n", RunEnd::Report, {}, 2, {"\rB "}},
-    {"+3", " +3", "A\t10\nB\t20\nC\t30\n", RunEnd::Report, {}, 3, {"\rC "}},
-    {"99 from 3 lines", "99", "A\t10\nB\t20\nC\t30\n", RunEnd::Report, {kZero}, 99, {}},
-    {"no low BIC", "2", "A\t99999999999\nB\t1e12\n", RunEnd::NoLowBic, {kNoLowBicMessage}, 0, {}},
-    {"just below the start", "2", "A\t99999999998.5\nB\t99999999999\n", RunEnd::Report, {}, 2, {"0.5622"}},
-    {"at the warning limit", "2", "A\t0.0001\nB\t3\n", RunEnd::Report, {}, 2, {"+0.0001"}},
-    {"below the warning limit", "2", "A\t0.00009\nB\t-3\n", RunEnd::Report, {kZero}, 2, {"+0.0001", "-3.0"}},
-    {"1e400 everywhere", "2", "A\t1e400\nB\t1e400\n", RunEnd::NoLowBic, {kNoLowBicMessage}, 0, {}},
-    {"missing line reads as 0", "3", "A\t5\nB\t7\n", RunEnd::Report, {kZero}, 3,
-            {"\r                    +0.0"}},
-    {"empty file", "3", "", RunEnd::Report, {kZero}, 3, {"+0.0"}},
-    {"binary", "5", joined(1024, [](int i) { return std::string(1, char(i % 256)); }), RunEnd::Report, {kZero}, 5, {"+0.0"}},
-    {"NUL bytes", "3", std::string("Al\0pha\t10\n\0\0\t20\nGamma\t30\0x\n", 26), RunEnd::Report,
-            {}, 3, {"Gamma", "+10.0", "+20.0", "+30.0"}},
-    {"invalid UTF-8", "3", "\xff\xfe" "Alpha\t10\n\xc3(Beta\t20\n\xe2\x82Gam\xed\xa0\x80\t30\n",
-            RunEnd::Report, {}, 3, {"+10.0", "+20.0", "+30.0"}},
-    {"byte order mark stays in the name", "2", "\xef\xbb\xbf" "Alpha\t10\nBeta\t20\n", RunEnd::Report,
-            {}, 2, {"\xef\xbb\xbf" "Alpha", "+20.0"}},
-    {"only CRs", "4", std::string(1000, '\r'), RunEnd::Report, {kZero}, 4, {"+0.0"}},
-    {"CR line ends", "2", "Alpha\t10\rBeta\t20\r", RunEnd::Report, {}, 2, {"Beta", "+20.0"}},
-    {"CR LF and commas", "2", "Alpha,10\r\nBeta,20\r\n", RunEnd::Report, {}, 2, {"Beta", "+20.0"}},
-    {"line of 50 MB", "2", "Alpha\t10\n" + std::string(50'000'000, 'B') + "\t20\n", RunEnd::Report,
-            {}, 2, {"Alpha", "BBBBBBBB ", "+20.0"}},
-    {"1e400", "2", "Big\t1e400\nSmall\t20\n", RunEnd::Report, {}, 2, {"+inf", ">99999", "<.0001"}},
-    {"-1e400", "2", "Neg\t-1e400\nSmall\t20\n", RunEnd::Report, {kZero}, 2, {"-inf", "+20.0"}},
-    {"nan and inf are words", "3", "A\tnan\nB\tinf\nC\t20\n", RunEnd::Report, {kZero}, 3, {"+0.0"}},
-    {"denormal", "2", "Tiny\t4.9e-324\nSmall\t20\n", RunEnd::Report, {kZero}, 2, {"Tiny", "+0.0"}},
-    {"5,000 digits", "3", "Huge\t1" + std::string(4999, '0') + "\nExact\t12." + std::string(4998, '0') +
-            "1\nSmall\t20\n", RunEnd::Report, {}, 3, {"+inf", "+12.0", "+20.0"}},
-    {"names of 10,000 characters", "2", std::string(10000, 'N') + "\t10\n" + joined(10000, [](int) { return "é"; }) +
-            "\t20\n", RunEnd::Report, {}, 2, {"\rNNNNNNNN    +10.0 ", "\réééééééé    +20.0 "}},
-    {"10,000 lines", "99", joined(10000, [](int i) { return "Model" + std::to_string(i) + "\t" + std::to_string(1000 + i) + "\n"; }), RunEnd::Report, {}, 99, {"Model1 ", "Model99 ", "+1099.0"}}}));
+        {"2.9 is 2", "2.9", "A\t10\nB\t20\nC\t30\n", RunEnd::Report, {}, 2, {"\rB "}},
+        {"+3", " +3", "A\t10\nB\t20\nC\t30\n", RunEnd::Report, {}, 3, {"\rC "}},
+        {"99 from 3 lines", "99", "A\t10\nB\t20\nC\t30\n", RunEnd::Report, {kZero}, 99, {}},
+        {"no low BIC",
+         "2",
+         "A\t99999999999\nB\t1e12\n",
+         RunEnd::NoLowBic,
+         {kNoLowBicMessage},
+         0,
+         {}},
+        {"just below the start",
+         "2",
+         "A\t99999999998.5\nB\t99999999999\n",
+         RunEnd::Report,
+         {},
+         2,
+         {"0.5622"}},
+        {"at the warning limit", "2", "A\t0.0001\nB\t3\n", RunEnd::Report, {}, 2, {"+0.0001"}},
+        {"below the warning limit",
+         "2",
+         "A\t0.00009\nB\t-3\n",
+         RunEnd::Report,
+         {kZero},
+         2,
+         {"+0.0001", "-3.0"}},
+        {"1e400 everywhere",
+         "2",
+         "A\t1e400\nB\t1e400\n",
+         RunEnd::NoLowBic,
+         {kNoLowBicMessage},
+         0,
+         {}},
+        {"missing line reads as 0",
+         "3",
+         "A\t5\nB\t7\n",
+         RunEnd::Report,
+         {kZero},
+         3,
+         {"\r                    +0.0"}},
+        {"empty file", "3", "", RunEnd::Report, {kZero}, 3, {"+0.0"}},
+        {"binary",
+         "5",
+         joined(1024, [](int i) { return std::string(1, char(i % 256)); }),
+         RunEnd::Report,
+         {kZero},
+         5,
+         {"+0.0"}},
+        {"NUL bytes",
+         "3",
+         std::string("Al\0pha\t10\n\0\0\t20\nGamma\t30\0x\n", 26),
+         RunEnd::Report,
+         {},
+         3,
+         {"Gamma", "+10.0", "+20.0", "+30.0"}},
+        {"invalid UTF-8",
+         "3",
+         "\xff\xfe"
+         "Alpha\t10\n\xc3(Beta\t20\n\xe2\x82Gam\xed\xa0\x80\t30\n",
+         RunEnd::Report,
+         {},
+         3,
+         {"+10.0", "+20.0", "+30.0"}},
+        {"byte order mark stays in the name",
+         "2",
+         "\xef\xbb\xbf"
+         "Alpha\t10\nBeta\t20\n",
+         RunEnd::Report,
+         {},
+         2,
+         {"\xef\xbb\xbf"
+          "Alpha",
+          "+20.0"}},
+        {"only CRs", "4", std::string(1000, '\r'), RunEnd::Report, {kZero}, 4, {"+0.0"}},
+        {"CR line ends", "2", "Alpha\t10\rBeta\t20\r", RunEnd::Report, {}, 2, {"Beta", "+20.0"}},
+        {"CR LF and commas",
+         "2",
+         "Alpha,10\r\nBeta,20\r\n",
+         RunEnd::Report,
+         {},
+         2,
+         {"Beta", "+20.0"}},
+        {"line of 50 MB",
+         "2",
+         "Alpha\t10\n" + std::string(50'000'000, 'B') + "\t20\n",
+         RunEnd::Report,
+         {},
+         2,
+         {"Alpha", "BBBBBBBB ", "+20.0"}},
+        {"1e400",
+         "2",
+         "Big\t1e400\nSmall\t20\n",
+         RunEnd::Report,
+         {},
+         2,
+         {"+inf", ">99999", "<.0001"}},
+        {"-1e400", "2", "Neg\t-1e400\nSmall\t20\n", RunEnd::Report, {kZero}, 2, {"-inf", "+20.0"}},
+        {"nan and inf are words",
+         "3",
+         "A\tnan\nB\tinf\nC\t20\n",
+         RunEnd::Report,
+         {kZero},
+         3,
+         {"+0.0"}},
+        {"denormal",
+         "2",
+         "Tiny\t4.9e-324\nSmall\t20\n",
+         RunEnd::Report,
+         {kZero},
+         2,
+         {"Tiny", "+0.0"}},
+        {"5,000 digits",
+         "3",
+         "Huge\t1" + std::string(4999, '0') + "\nExact\t12." + std::string(4998, '0') +
+             "1\nSmall\t20\n",
+         RunEnd::Report,
+         {},
+         3,
+         {"+inf", "+12.0", "+20.0"}},
+        {"names of 10,000 characters",
+         "2",
+         std::string(10000, 'N') + "\t10\n" + joined(10000, [](int) { return "é"; }) + "\t20\n",
+         RunEnd::Report,
+         {},
+         2,
+         {"\rNNNNNNNN    +10.0 ", "\réééééééé    +20.0 "}},
+        {"10,000 lines",
+         "99",
+         joined(10000,
+                [](int i) {
+                    return "Model" + std::to_string(i) + "\t" + std::to_string(1000 + i) + "\n";
+                }),
+         RunEnd::Report,
+         {},
+         99,
+         {"Model1 ", "Model99 ", "+1099.0"}}}));
 
 TEST(Run, UnreadableFileRaisesWithItsReasonBeforeAnyPiece) {
     FakeHost host;
     host.count = "2";
-    for (const auto& [file, reason] : {std::pair{std::filesystem::temp_directory_path(), "directory"},
-                                       {std::filesystem::path("/dev/zero"), "longer than"}}) {
+    for (const auto& [file, reason] :
+         {std::pair{std::filesystem::temp_directory_path(), "directory"},
+          {std::filesystem::path("/dev/zero"), "longer than"}}) {
         host.file = file;
         std::string what = "no error";
         try {
@@ -162,7 +279,9 @@ TEST(Run, UnreadableFileRaisesWithItsReasonBeforeAnyPiece) {
         } catch (const FileError& error) {
             what = error.what();
         }
-        EXPECT_TRUE(what.find(file.string() + "\": ") != what.npos && what.find(reason) != what.npos) << what;
+        EXPECT_TRUE(what.find(file.string() + "\": ") != what.npos &&
+                    what.find(reason) != what.npos)
+            << what;
     }
     EXPECT_EQ(host.events, (Texts{"choose", "choose"}));
 }
@@ -170,18 +289,26 @@ TEST(Run, UnreadableFileRaisesWithItsReasonBeforeAnyPiece) {
 // Hands out its bytes one at a time, so every line end falls across reads.
 struct TrickleSource : MemorySource {
     using MemorySource::MemorySource;
-    std::size_t read(char* buffer, std::size_t size) override { return MemorySource::read(buffer, std::min<std::size_t>(size, 1)); }
+    std::size_t read(char* buffer, std::size_t size) override {
+        return MemorySource::read(buffer, std::min<std::size_t>(size, 1));
+    }
 };
 
 TEST(ReadLine, SplitsAtEveryKindOfLineEndWhereverReadsEnd) {
     const std::pair<std::string, std::vector<std::string>> cases[] = {
-        {"a\nb\nc\n", {"a", "b", "c", "", ""}}, {"a\rb\rc", {"a", "b", "c", "", ""}},
-        {"a\r\nb\r\nc\r\n", {"a", "b", "c", ""}}, {"a\r\rb", {"a", "", "b", ""}}, {"a\n\rb", {"a", "", "b"}},
-        {"a\r\n\nb", {"a", "", "b"}}, {"", {"", "", ""}}, {"\xef\xbb\xbfN\t1", {"\xef\xbb\xbfN\t1", ""}}};
+        {"a\nb\nc\n", {"a", "b", "c", "", ""}},
+        {"a\rb\rc", {"a", "b", "c", "", ""}},
+        {"a\r\nb\r\nc\r\n", {"a", "b", "c", ""}},
+        {"a\r\rb", {"a", "", "b", ""}},
+        {"a\n\rb", {"a", "", "b"}},
+        {"a\r\n\nb", {"a", "", "b"}},
+        {"", {"", "", ""}},
+        {"\xef\xbb\xbfN\t1", {"\xef\xbb\xbfN\t1", ""}}};
     for (const auto& [bytes, lines] : cases) {
         TrickleSource trickle(bytes);
         MemorySource whole(bytes);
-        for (ByteSource* source : {static_cast<ByteSource*>(&trickle), static_cast<ByteSource*>(&whole)}) {
+        for (ByteSource* source :
+             {static_cast<ByteSource*>(&trickle), static_cast<ByteSource*>(&whole)}) {
             LineReader reader(*source);
             for (const std::string& expected : lines)
                 EXPECT_EQ(reader.readLine(), expected) << bytes;
@@ -193,17 +320,26 @@ TEST(ReadLine, SplitsAtEveryKindOfLineEndWhereverReadsEnd) {
 
 // Exactly count lines, each a name (cut to 8 characters) and a BIC, whatever the file holds.
 TEST(ReadModels, EachLineGivesANameAndABic) {
-    const std::tuple<std::string, std::string, double> cases[] = {{"Name\t67.82", "Name", 67.82},
-        {"Name,67.82", "Name", 67.82}, {"Name\t67.82\t.86", "Name", 67.82}, {"Name\t\t67.82", "Name", 0},
-        {"Name", "Name", 0}, {"Name\t67,82", "Name", 67}, {"NCM 67.82", "NCM 67.8", 0}, {"", "", 0},
-        {"ABCDEFGHIJ\t5", "ABCDEFGH", 5}, {"\t5", "", 5}, {"\"Q\" \t-120.5", "\"Q\" ", -120.5},
+    const std::tuple<std::string, std::string, double> cases[] = {
+        {"Name\t67.82", "Name", 67.82},
+        {"Name,67.82", "Name", 67.82},
+        {"Name\t67.82\t.86", "Name", 67.82},
+        {"Name\t\t67.82", "Name", 0},
+        {"Name", "Name", 0},
+        {"Name\t67,82", "Name", 67},
+        {"NCM 67.82", "NCM 67.8", 0},
+        {"", "", 0},
+        {"ABCDEFGHIJ\t5", "ABCDEFGH", 5},
+        {"\t5", "", 5},
+        {"\"Q\" \t-120.5", "\"Q\" ", -120.5},
         {"Модель12345\t3", "Модель12", 3}};
     for (const auto& [line, name, bic] : cases) {
         ModelSet set = modelSet({9, 9, 9});
         MemorySource source(line + "\nnext\t1\n");
         LineReader reader(source);
         readModels(reader, set);
-        EXPECT_EQ(set.row(1).name + "|" + set.row(2).name + "|" + set.row(3).name, name + "|next|") << line;
+        EXPECT_EQ(set.row(1).name + "|" + set.row(2).name + "|" + set.row(3).name, name + "|next|")
+            << line;
         EXPECT_EQ(set.row(1).bic + set.row(3).bic, bic) << line;
     }
 }
@@ -247,8 +383,11 @@ TEST(Results, EqualARowOrderReferenceBitForBit) {
         computeResults(set);
         const std::vector<ModelRow> expected = reference(bics, false);
         const std::vector<ModelRow> backwards = reference(bics, true);
-        orderShows += std::equal(expected.begin(), expected.end(), backwards.begin(),
-                                 [](const auto& a, const auto& b) { return a.probability == b.probability; }) ? 0 : 1;
+        orderShows +=
+            std::equal(expected.begin(), expected.end(), backwards.begin(),
+                       [](const auto& a, const auto& b) { return a.probability == b.probability; })
+                ? 0
+                : 1;
         for (std::size_t i = 0; i < bics.size(); ++i) {
             const ModelRow& row = set.row(std::int64_t(i) + 1);
             EXPECT_EQ(row.difference, expected[i].difference);
@@ -264,9 +403,13 @@ TEST(Results, EqualARowOrderReferenceBitForBit) {
 // locale writes 12-hour time, never with seconds.
 TEST(LocalDateTime, ShortTimeKeepsTheLocaleFormWithoutSeconds) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"%H:%M:%S", "%I:%M:%S %p", "%H:%M"}, {"%T", "", "%H:%M"}, {"%r", "%I:%M:%S %p", "%I:%M %p"},
-        {"%H時%M分%S秒", "%p%I時%M分%S秒", "%H時%M分"}, {"%H시 %M분 %S초", "%p %I시 %M분 %S초", "%H시 %M분"},
-        {"%H.%M.%S", "", "%H.%M"}, {"", "", "%H:%M"}};
+        {"%H:%M:%S", "%I:%M:%S %p", "%H:%M"},
+        {"%T", "", "%H:%M"},
+        {"%r", "%I:%M:%S %p", "%I:%M %p"},
+        {"%H時%M分%S秒", "%p%I時%M分%S秒", "%H時%M分"},
+        {"%H시 %M분 %S초", "%p %I시 %M분 %S초", "%H시 %M분"},
+        {"%H.%M.%S", "", "%H.%M"},
+        {"", "", "%H:%M"}};
     for (const auto& [timeFormat, amPm, expected] : cases)
         EXPECT_EQ(shortTimeFormat(timeFormat, amPm), expected) << timeFormat;
 }

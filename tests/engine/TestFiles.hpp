@@ -19,7 +19,8 @@ public:
 
 private:
     std::filesystem::path path_ = std::filesystem::temp_directory_path() /
-                                  ("tovarin-test-" + std::to_string(std::random_device{}()) + std::to_string(std::random_device{}()));
+                                  ("tovarin-test-" + std::to_string(std::random_device{}()) +
+                                   std::to_string(std::random_device{}()));
     std::error_code ignored_;
 };
 

@@ -20,9 +20,10 @@ using namespace tovarin::fw;
 
 class FrameworkTest : public QObject {
     Q_OBJECT
-    const std::pair<const char*, ItemKind> edits_[6] = {{"EditUndo", ItemKind::Undo}, {"EditCut", ItemKind::Cut},
-        {"EditCopy", ItemKind::Copy}, {"EditPaste", ItemKind::Paste}, {"EditClear", ItemKind::Delete},
-        {"EditSelectAll", ItemKind::SelectAll}};
+    const std::pair<const char*, ItemKind> edits_[6] = {
+        {"EditUndo", ItemKind::Undo},    {"EditCut", ItemKind::Cut},
+        {"EditCopy", ItemKind::Copy},    {"EditPaste", ItemKind::Paste},
+        {"EditClear", ItemKind::Delete}, {"EditSelectAll", ItemKind::SelectAll}};
     std::unique_ptr<MenuBar> bar_;
     Window* window_ = nullptr;
     TextField* field_ = nullptr;
@@ -51,10 +52,15 @@ private slots:
     // Cut, Copy, Paste, Delete, Select All. An item then acts on that control,
     // which leaves its text and the clipboard, and Select All selects it all.
     void editItems() {
-        const std::tuple<QString, QString, const char*, QString> rows[] = {{"", "......", "", ""},
-            {"t", "U....A", "", ""}, {"ts", "UXC.DA", "", ""}, {"p", "...P..", "", ""},
-            {"tsp", "UXCPDA", "EditUndo", "|xy"}, {"tsp", "UXCPDA", "EditCut", "ab|c"},
-            {"tsp", "UXCPDA", "EditCopy", "abc|c"}, {"tsp", "UXCPDA", "EditPaste", "abxy|xy"},
+        const std::tuple<QString, QString, const char*, QString> rows[] = {
+            {"", "......", "", ""},
+            {"t", "U....A", "", ""},
+            {"ts", "UXC.DA", "", ""},
+            {"p", "...P..", "", ""},
+            {"tsp", "UXCPDA", "EditUndo", "|xy"},
+            {"tsp", "UXCPDA", "EditCut", "ab|c"},
+            {"tsp", "UXCPDA", "EditCopy", "abc|c"},
+            {"tsp", "UXCPDA", "EditPaste", "abxy|xy"},
             {"tsp", "UXCPDA", "EditClear", "ab|xy"}};
         for (const bool inArea : {false, true}) {
             for (const auto& [state, enabled, item, after] : rows) {
@@ -70,23 +76,26 @@ private slots:
                     QTest::keyClick(target, Qt::Key_Left, Qt::ShiftModifier);
                 QString actual;
                 for (const auto& [name, kind] : edits_)
-                    actual += bar_->item(name)->isEnabled() ? QChar(u"UXCPDA"[actual.size()]) : QChar(u'.');
+                    actual += bar_->item(name)->isEnabled() ? QChar(u"UXCPDA"[actual.size()])
+                                                            : QChar(u'.');
                 if (*item) {
                     bar_->item(item)->trigger();
                     const QString text = inArea ? area_->toPlainText() : field_->text();
                     actual += " " + text + "|" + QGuiApplication::clipboard()->text();
                     bar_->item("EditSelectAll")->trigger();
-                    QCOMPARE(inArea ? area_->textCursor().selectedText() : field_->selectedText(), text);
+                    QCOMPARE(inArea ? area_->textCursor().selectedText() : field_->selectedText(),
+                             text);
                 }
-                const QString row = QString(inArea ? "area " : "field ") + state + " " + item + ": ";
+                const QString row =
+                    QString(inArea ? "area " : "field ") + state + " " + item + ": ";
                 QCOMPARE(row + actual, row + enabled + (*item ? " " + after : ""));
             }
         }
     }
 
-    // A canvas draws the picture made for its screen: the plain one at one device pixel to the unit, the @2x
-    // version above that, sharp at its own pixels (a picture without one is scaled up). Run at scale 1 and, as
-    // its own test, at 1.5 and 2 (QT_SCALE_FACTOR).
+    // A canvas draws the picture made for its screen: the plain one at one device pixel to the
+    // unit, the @2x version above that, sharp at its own pixels (a picture without one is scaled
+    // up). Run at scale 1 and, as its own test, at 1.5 and 2 (QT_SCALE_FACTOR).
     void backdropForTheScreen() {
         QTemporaryDir folder;
         const auto write = [&](const char* name, QSize size, Qt::GlobalColor colour) {
@@ -98,14 +107,19 @@ private slots:
         write("Both@2x.png", {12, 8}, Qt::blue);
         write("Plain.png", {6, 4}, Qt::green);
         setPictureFolder(folder.path());
-        for (const auto& [name, sharp] : {std::pair{"Both.png", Qt::blue}, {"Plain.png", Qt::green}}) {
+        for (const auto& [name, sharp] :
+             {std::pair{"Both.png", Qt::blue}, {"Plain.png", Qt::green}}) {
             Canvas canvas(window_->content());
             canvas.setGeometry(0, 0, 6, 4);
-            canvas.setBackdrop([name = QString(name)](qreal ratio) { return openPictureFromApp(name, ratio); });
+            canvas.setBackdrop(
+                [name = QString(name)](qreal ratio) { return openPictureFromApp(name, ratio); });
             const qreal ratio = canvas.devicePixelRatioF();
             const QImage shown = canvas.grab().toImage();
             QCOMPARE(shown.size(), QSize(qRound(6 * ratio), qRound(4 * ratio)));
-            QCOMPARE(shown.pixelColor(shown.width() / 2, shown.height() / 2), QColor(ratio > 1 ? sharp : name == QLatin1String("Both.png") ? Qt::red : Qt::green));
+            QCOMPARE(shown.pixelColor(shown.width() / 2, shown.height() / 2),
+                     QColor(ratio > 1                           ? sharp
+                            : name == QLatin1String("Both.png") ? Qt::red
+                                                                : Qt::green));
             QCOMPARE(canvas.backdrop().deviceIndependentSize(), QSizeF(6, 4));
         }
         setPictureFolder({});
@@ -130,14 +144,19 @@ private slots:
             for (int turn = 1; turn <= 2; ++turn) {
                 reported.clear();
                 if (where == "menu")
-                    QVERIFY(window_->handleMenuItem("InfoItem")); // a failed handler counts as handled
+                    QVERIFY(
+                        window_->handleMenuItem("InfoItem")); // a failed handler counts as handled
                 else if (where == "timer")
-                    new OneShotTimer(1, [=] { fail(); }, window_);
+                    new OneShotTimer(
+                        1, [=] { fail(); }, window_);
                 else if (where == "button")
                     QTest::mouseClick(button, Qt::LeftButton);
                 else
-                    QTest::keyClick(where == "field" ? static_cast<QWidget*>(field_) : area_, Qt::Key_X);
-                QTRY_COMPARE(reported, QStringList(where == "foreign" ? "An unknown failure occurred." : "Cannot read \"/nowhere/m.txt\": Gone"));
+                    QTest::keyClick(where == "field" ? static_cast<QWidget*>(field_) : area_,
+                                    Qt::Key_X);
+                QTRY_COMPARE(reported, QStringList(where == "foreign"
+                                                       ? "An unknown failure occurred."
+                                                       : "Cannot read \"/nowhere/m.txt\": Gone"));
             }
         }
         QVERIFY(field_->text().isEmpty() && area_->toPlainText().isEmpty());

@@ -14,9 +14,12 @@ namespace tovarin {
 namespace {
 
 TEST(Format, SignsAndValuesThatAreNotFinite) {
-    for (const auto& [value, mask, text] : {std::tuple{-123.45, kBicMask, "-123.45"}, {-0.00001, kBicMask, "+0.0"},
-             {-0.00001, kDifferenceMask, "0.00"}, {-HUGE_VAL, kBicMask, "-inf"}, {HUGE_VAL, kBayesFactorMask, "inf"},
-             {std::nan(""), kBicMask, "nan"}})
+    for (const auto& [value, mask, text] : {std::tuple{-123.45, kBicMask, "-123.45"},
+                                            {-0.00001, kBicMask, "+0.0"},
+                                            {-0.00001, kDifferenceMask, "0.00"},
+                                            {-HUGE_VAL, kBicMask, "-inf"},
+                                            {HUGE_VAL, kBayesFactorMask, "inf"},
+                                            {std::nan(""), kBicMask, "nan"}})
         EXPECT_EQ(Format(value, mask), text) << value << " through " << mask.text;
 }
 
@@ -28,13 +31,16 @@ TEST(Format, RoundsLikePrintfAndReadsBackAsShown) {
     std::uniform_real_distribution<double> exponent(-8.0, 25.0);
     for (int k = -4000; k <= 4000; ++k) {
         // Halfway cases at four and at two decimals, their neighbours, any size.
-        for (const double value : {100.0 + k / 32.0, k / 8.0, std::nextafter(100.0 + k / 32.0, k % 2 ? 1e9 : 0.0),
-                                   std::pow(10.0, exponent(random)) * (k % 3 == 0 ? -1.0 : 1.0)}) {
-            for (const NumberMask& mask : {kBicMask, kDifferenceMask, kProbabilityMask, kBayesFactorMask}) {
+        for (const double value :
+             {100.0 + k / 32.0, k / 8.0, std::nextafter(100.0 + k / 32.0, k % 2 ? 1e9 : 0.0),
+              std::pow(10.0, exponent(random)) * (k % 3 == 0 ? -1.0 : 1.0)}) {
+            for (const NumberMask& mask :
+                 {kBicMask, kDifferenceMask, kProbabilityMask, kBayesFactorMask}) {
                 char buffer[400];
                 std::snprintf(buffer, sizeof buffer, "%.*f", mask.mostDecimals, std::fabs(value));
                 std::string expected = buffer;
-                while (expected.size() - expected.find('.') - 1 > std::size_t(mask.leastDecimals) && expected.back() == '0')
+                while (expected.size() - expected.find('.') - 1 > std::size_t(mask.leastDecimals) &&
+                       expected.back() == '0')
                     expected.pop_back();
                 const std::string text = Format(value, mask);
                 ASSERT_GE(text.size(), expected.size());
@@ -46,14 +52,39 @@ TEST(Format, RoundsLikePrintfAndReadsBackAsShown) {
 }
 
 TEST(Val, TheNumberAtTheFrontWithItsSign) {
-    const std::pair<const char*, double> cases[] = {{"", 0}, {"abc", 0}, {"-", 0}, {".", 0}, {"-.", 0},
-        {"12abc", 12}, {"2e", 2}, {"2e+", 2}, {"2E-x", 2}, {".5", 0.5}, {"5.", 5}, {"   +67.82", 67.82},
-        {"5.e2", 500}, {"-.5e1", -5}, {"+-5", 0}, {"- 5", 0}, {"\t5", 0}, {"1,5", 1}, {"1.2.3", 1.2},
-        {"0x1A", 0}, {"inf", 0}, {"nan", 0}, {"-0", -0.0}, {"1e400", HUGE_VAL}, {"-1e400", -HUGE_VAL},
-        {"-1e-400", -0.0}, {"0.000e99999999999999999999999", 0}, {"1e99999999999999999999999", HUGE_VAL},
-        {"1000e-99999999999999999999", 0}, {"-0.001e99999999999999999999", -HUGE_VAL}};
+    const std::pair<const char*, double> cases[] = {{"", 0},
+                                                    {"abc", 0},
+                                                    {"-", 0},
+                                                    {".", 0},
+                                                    {"-.", 0},
+                                                    {"12abc", 12},
+                                                    {"2e", 2},
+                                                    {"2e+", 2},
+                                                    {"2E-x", 2},
+                                                    {".5", 0.5},
+                                                    {"5.", 5},
+                                                    {"   +67.82", 67.82},
+                                                    {"5.e2", 500},
+                                                    {"-.5e1", -5},
+                                                    {"+-5", 0},
+                                                    {"- 5", 0},
+                                                    {"\t5", 0},
+                                                    {"1,5", 1},
+                                                    {"1.2.3", 1.2},
+                                                    {"0x1A", 0},
+                                                    {"inf", 0},
+                                                    {"nan", 0},
+                                                    {"-0", -0.0},
+                                                    {"1e400", HUGE_VAL},
+                                                    {"-1e400", -HUGE_VAL},
+                                                    {"-1e-400", -0.0},
+                                                    {"0.000e99999999999999999999999", 0},
+                                                    {"1e99999999999999999999999", HUGE_VAL},
+                                                    {"1000e-99999999999999999999", 0},
+                                                    {"-0.001e99999999999999999999", -HUGE_VAL}};
     for (const auto& [text, expected] : cases)
-        EXPECT_TRUE(Val(text) == expected && std::signbit(Val(text)) == std::signbit(expected)) << '"' << text << '"';
+        EXPECT_TRUE(Val(text) == expected && std::signbit(Val(text)) == std::signbit(expected))
+            << '"' << text << '"';
 }
 
 // The C library's reader is an independent oracle for the nearest double.
@@ -75,16 +106,27 @@ TEST(Val, LongNumbersReadToTheNearestDoubleAsStrtodDoes) {
 // Characters, not bytes; each byte that starts no well-formed sequence is one of its own.
 TEST(Characters, LenAndLeft) {
     const std::tuple<std::string, std::int64_t, std::int64_t, std::string> cases[] = {
-        {"ABCDEFGHIJ", 10, 8, "ABCDEFGH"}, {"abc", 3, -5, ""}, {"日本語モデル名です", 9, 8, "日本語モデル名で"},
-        {"😀😀x", 3, 1, "😀"}, {"\xc0\xaf", 2, 1, "\xc0"}, {"\xed\xa0\x80", 3, 1, "\xed"},
-        {"\xf4\x90\x80\x80", 4, 2, "\xf4\x90"}, {"\xe2\x80" "a–", 4, 3, "\xe2\x80" "a"}};
+        {"ABCDEFGHIJ", 10, 8, "ABCDEFGH"},
+        {"abc", 3, -5, ""},
+        {"日本語モデル名です", 9, 8, "日本語モデル名で"},
+        {"😀😀x", 3, 1, "😀"},
+        {"\xc0\xaf", 2, 1, "\xc0"},
+        {"\xed\xa0\x80", 3, 1, "\xed"},
+        {"\xf4\x90\x80\x80", 4, 2, "\xf4\x90"},
+        {"\xe2\x80"
+         "a–",
+         4, 3,
+         "\xe2\x80"
+         "a"}};
     for (const auto& [text, length, count, left] : cases)
-        EXPECT_EQ(std::to_string(Len(text)) + std::string(Left(text, count)), std::to_string(length) + left);
+        EXPECT_EQ(std::to_string(Len(text)) + std::string(Left(text, count)),
+                  std::to_string(length) + left);
     // Any bytes at all are cut cleanly: the parts add up.
     std::mt19937 random(11);
     for (int i = 0; i < 2000; ++i) {
         std::string bytes(random() % 24, '\0');
-        std::generate(bytes.begin(), bytes.end(), [&] { return char(random() % 6 ? 0x80 + random() % 128 : random() % 128); });
+        std::generate(bytes.begin(), bytes.end(),
+                      [&] { return char(random() % 6 ? 0x80 + random() % 128 : random() % 128); });
         for (std::int64_t n = 0; n <= Len(bytes); ++n) {
             const std::string_view left = Left(bytes, n);
             ASSERT_EQ(bytes.compare(0, left.size(), left), 0);

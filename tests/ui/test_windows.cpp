@@ -1,5 +1,6 @@
 // The program on the offscreen platform, the dialogs answered by the test: start-up and the
-// splash, the main window's key filters and run endings, the menus, the Information window, quitting.
+// splash, the main window's key filters and run endings, the menus, the Information window,
+// quitting.
 #include "tests/QtTestMain.hpp"
 
 #include "app/Startup.hpp"
@@ -7,8 +8,8 @@
 #include "framework/Canvas.hpp"
 #include "framework/Dialogs.hpp"
 #include "framework/PictureFile.hpp"
-#include "ui/main/ControlWnd.hpp"
 #include "ui/MenuBar1.hpp"
+#include "ui/main/ControlWnd.hpp"
 #include "ui/secondary/AboutWnd.hpp"
 #include "ui/secondary/HelpText.hpp"
 #include "ui/secondary/helpWnd.hpp"
@@ -30,10 +31,13 @@ ControlWnd& window() {
 
 // Presses and releases the key a keyboard gives for a code.
 void press(QWidget* control, int code) {
-    static const QHash<int, Qt::Key> named = {{8, Qt::Key_Backspace}, {9, Qt::Key_Tab}, {13, Qt::Key_Return},
-        {28, Qt::Key_Left}, {29, Qt::Key_Right}, {30, Qt::Key_Up}, {31, Qt::Key_Down}, {127, Qt::Key_Delete}};
-    const Qt::Key key = named.value(code, code < 32 ? Qt::Key_Escape : Qt::Key(QChar(code).toUpper().unicode()));
-    const QString text = code < 28 || (code >= 32 && code != 127) ? QString(QChar(code)) : QString();
+    static const QHash<int, Qt::Key> named = {
+        {8, Qt::Key_Backspace}, {9, Qt::Key_Tab}, {13, Qt::Key_Return}, {28, Qt::Key_Left},
+        {29, Qt::Key_Right},    {30, Qt::Key_Up}, {31, Qt::Key_Down},   {127, Qt::Key_Delete}};
+    const Qt::Key key =
+        named.value(code, code < 32 ? Qt::Key_Escape : Qt::Key(QChar(code).toUpper().unicode()));
+    const QString text =
+        code < 28 || (code >= 32 && code != 127) ? QString(QChar(code)) : QString();
     QTest::sendKeyEvent(QTest::Click, control, key, text, Qt::NoModifier);
 }
 
@@ -54,7 +58,8 @@ class WindowsTest : public QObject {
     QTemporaryDir folder_;
 
 private slots:
-    // The splash alone, whose timer shows the main window after 4000 ms; a missing picture is no failure.
+    // The splash alone, whose timer shows the main window after 4000 ms; a missing picture is no
+    // failure.
     void initTestCase() {
         init();
         QElapsedTimer sinceSplash;
@@ -64,8 +69,10 @@ private slots:
         QVERIFY(about.isVisible() && !fw::openInstance<ControlWnd>());
         QTRY_VERIFY_WITH_TIMEOUT(fw::openInstance<ControlWnd>(), 8000);
         QVERIFY2(sinceSplash.elapsed() >= 3990, qPrintable(QString::number(sinceSplash.elapsed())));
-        QVERIFY(window().isVisible() && !about.isVisible() && !about.control<QTimer>("Timer1")->isActive());
-        QVERIFY(about.control<fw::Canvas>("Canvas2")->backdrop().isNull() && window().Canvas1()->backdrop().isNull());
+        QVERIFY(window().isVisible() && !about.isVisible() &&
+                !about.control<QTimer>("Timer1")->isActive());
+        QVERIFY(about.control<fw::Canvas>("Canvas2")->backdrop().isNull() &&
+                window().Canvas1()->backdrop().isNull());
         QCOMPARE(messages_ + failures_, QStringList());
     }
 
@@ -76,7 +83,8 @@ private slots:
         fw::setMessageBoxHandler([this](const QString& text) { messages_ << text; });
         fw::setUnhandledFailureHandler([this](const QString& why) { failures_ << why; });
         fw::setBeepHandler([this] { ++beeps_; });
-        for (QWidget* open : {static_cast<QWidget*>(fw::openInstance<helpWnd>()), static_cast<QWidget*>(fw::openInstance<ControlWnd>())})
+        for (QWidget* open : {static_cast<QWidget*>(fw::openInstance<helpWnd>()),
+                              static_cast<QWidget*>(fw::openInstance<ControlWnd>())})
             delete open;
         if (QTest::currentTestFunction() != QLatin1String("initTestCase")) {
             window().showWindow();
@@ -93,7 +101,8 @@ private slots:
         QTest::addColumn<int>("code");
         for (const bool countField : {true, false})
             for (int code = 0; code <= 131; ++code) // 131 stands for e acute
-                QTest::addRow("%s %d", countField ? "pFld" : "ResultsFld", code) << countField << (code < 131 ? code : 0xE9);
+                QTest::addRow("%s %d", countField ? "pFld" : "ResultsFld", code)
+                    << countField << (code < 131 ? code : 0xE9);
     }
     void keyFilters() {
         QFETCH(bool, countField);
@@ -104,33 +113,54 @@ private slots:
         QWidget* field = countField ? static_cast<QWidget*>(window().pFld()) : &results;
         field->setFocus();
         press(field, code);
-        const QString printable = " .0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_`abcdefghijklmnopqrstuvwxyz";
-        const bool accepted = countField ? QList<int>{8, 9, 28, 29, 127}.contains(code) || (code >= '0' && code <= '9')
-                                         : QList<int>{8, 9, 13, 127}.contains(code) || printable.contains(QChar(code));
-        const QString typed = accepted && code >= 32 && code != 127 ? QString(QChar(code)) : QString();
+        const QString printable =
+            " .0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_`abcdefghijklmnopqrstuvwxyz";
+        const bool accepted =
+            countField
+                ? QList<int>{8, 9, 28, 29, 127}.contains(code) || (code >= '0' && code <= '9')
+                : QList<int>{8, 9, 13, 127}.contains(code) || printable.contains(QChar(code));
+        const QString typed =
+            accepted && code >= 32 && code != 127 ? QString(QChar(code)) : QString();
         // Tab types nothing and leads to the count field, the one tab stop.
-        QCOMPARE(QApplication::focusWidget(), countField || (accepted && code == 9) ? window().pFld() : field);
+        QCOMPARE(QApplication::focusWidget(),
+                 countField || (accepted && code == 9) ? window().pFld() : field);
         const QHash<int, QString> edits = {{8, "y"}, {13, "x\ny"}, {127, "x"}};
-        QCOMPARE(QString::number(beeps_) + " beeps|" + window().pFld()->text() + "|" + results.toPlainText() + (results.isVisible() ? "" : " hidden"),
-                 (accepted ? "0 beeps|" : "1 beeps|") + (countField ? typed + "|" : accepted && edits.contains(code) ? "|" + edits[code] : "|x" + typed + "y"));
-        QVERIFY(!countField || !results.document()->isUndoAvailable()); // the emptying is no edit to take back
+        QCOMPARE(QString::number(beeps_) + " beeps|" + window().pFld()->text() + "|" +
+                     results.toPlainText() + (results.isVisible() ? "" : " hidden"),
+                 (accepted ? "0 beeps|" : "1 beeps|") + (countField ? typed + "|"
+                                                         : accepted && edits.contains(code)
+                                                             ? "|" + edits[code]
+                                                             : "|x" + typed + "y"));
+        QVERIFY(!countField ||
+                !results.document()->isUndoAvailable()); // the emptying is no edit to take back
     }
 
-    // Command keys are keys like others, refused by both filters, but for the menu bar's own shortcuts.
+    // Command keys are keys like others, refused by both filters, but for the menu bar's own
+    // shortcuts.
     void commandKeys() {
         for (const bool countField : {true, false}) {
-            for (const auto& [key, modifiers, shortcut] : {std::tuple<Qt::Key, Qt::KeyboardModifiers, bool>{Qt::Key_S, Qt::ControlModifier, false},
-                     {Qt::Key_O, Qt::ControlModifier, false}, {Qt::Key_N, Qt::ControlModifier, false},
-                     {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, false}, {Qt::Key_A, Qt::ControlModifier, true}}) {
+            for (const auto& [key, modifiers, shortcut] :
+                 {std::tuple<Qt::Key, Qt::KeyboardModifiers, bool>{Qt::Key_S, Qt::ControlModifier,
+                                                                   false},
+                  {Qt::Key_O, Qt::ControlModifier, false},
+                  {Qt::Key_N, Qt::ControlModifier, false},
+                  {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, false},
+                  {Qt::Key_A, Qt::ControlModifier, true}}) {
                 init();
                 showReport("xy");
-                QWidget* field = countField ? static_cast<QWidget*>(window().pFld()) : window().ResultsFld();
+                QWidget* field =
+                    countField ? static_cast<QWidget*>(window().pFld()) : window().ResultsFld();
                 field->setFocus();
                 // With the control character as text, as X11 and Wayland give it.
-                QTest::sendKeyEvent(QTest::Click, field, key, QString(QChar(key - Qt::Key_A + 1)), modifiers);
-                const QString row = QString("%1 %2: ").arg(countField ? "pFld" : "ResultsFld").arg(QKeySequence(key | modifiers).toString());
+                QTest::sendKeyEvent(QTest::Click, field, key, QString(QChar(key - Qt::Key_A + 1)),
+                                    modifiers);
+                const QString row = QString("%1 %2: ")
+                                        .arg(countField ? "pFld" : "ResultsFld")
+                                        .arg(QKeySequence(key | modifiers).toString());
                 QCOMPARE(row + QString::number(beeps_) + " " + window().ResultsFld()->toPlainText(),
-                         row + (shortcut ? "0 xy" : countField ? "1 " : "1 xy"));
+                         row + (shortcut     ? "0 xy"
+                                : countField ? "1 "
+                                             : "1 xy"));
             }
         }
     }
@@ -142,24 +172,34 @@ private slots:
     void endings() {
         const QByteArray two = "Alpha\t100.5\nBeta,102\n";
         const QString zero = "BIC value of zero. Results are probably invalid. Check the data.";
-        // Count, the file chosen ("" for a cancel), its data, the message, what the report shows ("" for
-        // no report, "!" and a reason for a failure); the last run starts from the start state.
+        // Count, the file chosen ("" for a cancel), its data, the message, what the report shows
+        // ("" for no report, "!" and a reason for a failure); the last run starts from the start
+        // state.
         const std::tuple<QString, QString, QByteArray, QString, QString> rows[] = {
             {"", "models.txt", two, "Please enter the number of models in the set (2-99).", ""},
-            {"2", "", two, "", ""}, {"2", "gone.txt", two, "", ""}, {"2", "pipe", two, "", "!named pipe"},
-            {"2", "models.txt", "A\t1e12\nB\t1e12\n", "Sorry, can't find low BIC value. Check the data.", ""},
+            {"2", "", two, "", ""},
+            {"2", "gone.txt", two, "", ""},
+            {"2", "pipe", two, "", "!named pipe"},
+            {"2", "models.txt", "A\t1e12\nB\t1e12\n",
+             "Sorry, can't find low BIC value. Check the data.", ""},
             {"2", "models.txt", "Alpha\t0\nBeta\t1\n", zero, "Alpha"},
-            {"2", "models.txt", "\xff" "A\t1\nB\t2\n", "", "\uFFFDA"}, // invalid bytes shown as U+FFFD
-            {"2", "models.txt", two, "", "Beta"}, {"2", "first.txt", two, "", "Beta"}};
+            {"2", "models.txt",
+             "\xff"
+             "A\t1\nB\t2\n",
+             "", "\uFFFDA"}, // invalid bytes shown as U+FFFD
+            {"2", "models.txt", two, "", "Beta"},
+            {"2", "first.txt", two, "", "Beta"}};
         for (const auto& [count, choice, data, message, shows] : rows) {
             init();
             qInfo() << "count" << count << "file" << choice << data;
             const QString path = folder_.filePath(choice);
             QFile file(path);
             if (choice == "pipe")
-                QVERIFY(::mkfifo(QFile::encodeName(path).constData(), 0644) == 0 || QFile::exists(path));
+                QVERIFY(::mkfifo(QFile::encodeName(path).constData(), 0644) == 0 ||
+                        QFile::exists(path));
             else if (!choice.isEmpty())
-                QVERIFY(file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.flush());
+                QVERIFY(file.open(QIODevice::WriteOnly) && file.write(data) == data.size() &&
+                        file.flush());
             fw::setFileChooserHandler([this, path, chosen = choice]() -> std::optional<QString> {
                 ++choices_;
                 if (chosen == "gone.txt")
@@ -172,12 +212,15 @@ private slots:
             QWidget* const focus = QApplication::focusWidget();
             window().pFld()->setText(count);
             const DateTimeText now = currentLocalDateTime();
-            QTest::mousePress(window().calcBtn(), Qt::LeftButton); // the whole run happens at the press
+            QTest::mousePress(window().calcBtn(),
+                              Qt::LeftButton); // the whole run happens at the press
             QTest::mouseRelease(window().calcBtn(), Qt::LeftButton);
 
-            QCOMPARE(messages_.join(";") + "|" + QString::number(choices_) + "|" + window().pFld()->text(),
+            QCOMPARE(messages_.join(";") + "|" + QString::number(choices_) + "|" +
+                         window().pFld()->text(),
                      message + "|" + (count.isEmpty() ? "0" : "1") + "|" + count);
-            QCOMPARE(failures_.filter(path).filter(shows.mid(1)).size() + failures_.size(), shows.startsWith(u'!') ? 2 : 0);
+            QCOMPARE(failures_.filter(path).filter(shows.mid(1)).size() + failures_.size(),
+                     shows.startsWith(u'!') ? 2 : 0);
             QCOMPARE(QApplication::focusWidget(), message.isEmpty() ? focus : window().pFld());
             const QString text = window().ResultsFld()->toPlainText();
             if (shows.isEmpty() || shows.startsWith(u'!')) {
@@ -186,15 +229,19 @@ private slots:
             }
             QVERIFY(window().ResultsFld()->isVisible());
             // Dated as the command-line tool dates it (the minute may have turned during the run).
-            QVERIFY2(text.startsWith(earlier + QString::fromStdString("Date: " + now.shortDate + "  ")), qPrintable(text));
+            QVERIFY2(
+                text.startsWith(earlier + QString::fromStdString("Date: " + now.shortDate + "  ")),
+                qPrintable(text));
             QVERIFY(text.contains("\nFile: " + choice + "\n") && text.contains(shows));
-            QVERIFY(!window().ResultsFld()->document()->isUndoAvailable()); // the report is no edit of the user's
+            QVERIFY(!window().ResultsFld()->document()->isUndoAvailable()); // the report is no edit
+                                                                            // of the user's
             QTextCursor head(window().ResultsFld()->document());
             head.setPosition(int(earlier.size()) + 1); // the format of the character before
             QCOMPARE(head.charFormat().fontWeight(), int(QFont::Bold));
             QTest::mousePress(window().clearBtn(), Qt::LeftButton); // done at the press, too
             QCOMPARE(window().pFld()->text() + window().ResultsFld()->toPlainText(), QString());
-            QVERIFY(!window().ResultsFld()->isVisible() && QApplication::focusWidget() == window().pFld());
+            QVERIFY(!window().ResultsFld()->isVisible() &&
+                    QApplication::focusWidget() == window().pFld());
             QTest::mouseRelease(window().clearBtn(), Qt::LeftButton);
         }
     }
@@ -202,14 +249,17 @@ private slots:
     // The main window's items and the help button bring the other windows to
     // the front, and the front window decides which items are enabled.
     void frontWindowEnables() {
-        for (const auto& [how, enabled] : {std::pair{"", "AboutItem FileQuit InfoItem"}, {"InfoItem", "ControlItem FileQuit"},
-                                           {"helpBtn", "ControlItem FileQuit"}, {"AboutItem", "FileQuit"}}) {
+        for (const auto& [how, enabled] : {std::pair{"", "AboutItem FileQuit InfoItem"},
+                                           {"InfoItem", "ControlItem FileQuit"},
+                                           {"helpBtn", "ControlItem FileQuit"},
+                                           {"AboutItem", "FileQuit"}}) {
             init();
             if (how == QLatin1String("helpBtn"))
                 QTest::mousePress(window().helpBtn(), Qt::LeftButton);
             else if (*how)
                 MenuBar1().item(how)->trigger();
-            QTRY_VERIFY(QApplication::activeWindow() && (!*how || QApplication::activeWindow() != &window()));
+            QTRY_VERIFY(QApplication::activeWindow() &&
+                        (!*how || QApplication::activeWindow() != &window()));
             MenuBar1().updateEnabled();
             QStringList actual = {how};
             for (const char* name : {"AboutItem", "ControlItem", "FileQuit", "InfoItem"})
@@ -220,25 +270,32 @@ private slots:
         }
     }
 
-    // Asked to maximise or fill the screen, as a title bar that the toolkit draws asks (Wayland), the main
-    // window goes back to its fixed size; the compositor must get a frame of the size it configures meanwhile.
+    // Asked to maximise or fill the screen, as a title bar that the toolkit draws asks (Wayland),
+    // the main window goes back to its fixed size; the compositor must get a frame of the size it
+    // configures meanwhile.
     void maximiseRequest() {
         const QSize size = window().size();
         for (const Qt::WindowState state : {Qt::WindowMaximized, Qt::WindowFullScreen}) {
             window().windowHandle()->setWindowStates(state);
-            QTRY_VERIFY(window().windowHandle()->windowStates() == Qt::WindowNoState && window().size() == size &&
+            QTRY_VERIFY(window().windowHandle()->windowStates() == Qt::WindowNoState &&
+                        window().size() == size &&
                         window().minimumSize() == window().maximumSize());
         }
     }
 
-    // Each opening shows the manual afresh with the literal once behind it and the title alone bold.
+    // Each opening shows the manual afresh with the literal once behind it and the title alone
+    // bold.
     void informationWindow() {
         for (int opening = 0; opening < 2; ++opening) {
             init();
             fw::instance<helpWnd>().showWindow();
-            fw::instance<helpWnd>().showWindow(); // shown again while open: still one instance, one text
+            fw::instance<helpWnd>()
+                .showWindow(); // shown again while open: still one instance, one text
             const fw::TextArea& area = *fw::instance<helpWnd>().EditField1();
-            QCOMPARE(area.toPlainText(), QString::fromUtf8(helpText().data(), qsizetype(helpText().size())).replace(u'\r', u'\n') + "Error message");
+            QCOMPARE(area.toPlainText(),
+                     QString::fromUtf8(helpText().data(), qsizetype(helpText().size()))
+                             .replace(u'\r', u'\n') +
+                         "Error message");
             QTextCursor cursor(area.document());
             cursor.setPosition(int(kHelpTitleLength)); // the format of the character before
             const bool titleBold = cursor.charFormat().fontWeight() == QFont::Bold;
@@ -252,8 +309,12 @@ private slots:
     void pressesDismissTheSplash() {
         AboutWnd& about = fw::instance<AboutWnd>();
         ControlWnd* const main = &window();
-        for (const auto& [target, input] : {std::pair{"", "mouse"}, {"Canvas2", "mouse"}, {"StaticText2", "Z"},
-                                            {"", "Z"}, {"", "Shift"}, {"", "close"}}) {
+        for (const auto& [target, input] : {std::pair{"", "mouse"},
+                                            {"Canvas2", "mouse"},
+                                            {"StaticText2", "Z"},
+                                            {"", "Z"},
+                                            {"", "Shift"},
+                                            {"", "close"}}) {
             about.showWindow();
             QVERIFY(QTest::qWaitForWindowExposed(&about));
             QWidget* widget = *target ? about.content()->findChild<QWidget*>(target) : &about;
@@ -291,11 +352,13 @@ private slots:
         about.showWindow();
         QVERIFY(QTest::qWaitForWindowActive(&about));
         QTimer::singleShot(0, [&] { QTest::keyClick(&about, Qt::Key_Q, Qt::ControlModifier); });
-        QTimer::singleShot(10000, [] { QCoreApplication::exit(99); }); // only if the shortcut did nothing
+        QTimer::singleShot(10000,
+                           [] { QCoreApplication::exit(99); }); // only if the shortcut did nothing
         QCOMPARE(QCoreApplication::exec(), 0);
     }
 };
 
-TOVARIN_QT_TEST_MAIN(WindowsTest, QTemporaryDir noPictures; tovarin::fw::setPictureFolder(noPictures.path());
+TOVARIN_QT_TEST_MAIN(WindowsTest, QTemporaryDir noPictures;
+                     tovarin::fw::setPictureFolder(noPictures.path());
                      tovarin::EarlyStartup(), tovarin::ShutDown())
 #include "test_windows.moc"

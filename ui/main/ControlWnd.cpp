@@ -2,9 +2,9 @@
 
 #include "engine/Version.hpp"
 #include "ui/AppPictures.hpp"
-#include "ui/main/Fonts.hpp"
 #include "ui/MainWindow.hpp"
 #include "ui/MenuBar1.hpp"
+#include "ui/main/Fonts.hpp"
 
 #include <QPalette>
 #include <QRegularExpressionValidator>

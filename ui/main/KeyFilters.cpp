@@ -19,8 +19,7 @@ bool isDigit(int code) {
 } // namespace
 
 bool countFieldAccepts(int code) {
-    return isEditingKey(code) || code == key::LeftArrow || code == key::RightArrow ||
-           isDigit(code);
+    return isEditingKey(code) || code == key::LeftArrow || code == key::RightArrow || isDigit(code);
 }
 
 bool resultsFieldAccepts(int code) {
