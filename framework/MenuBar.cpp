@@ -45,31 +45,32 @@ bool hasSelection(const QTextEdit& area) {
     return area.textCursor().hasSelection();
 }
 
-// clang-format off
 const EditItem kEditItems[] = {
-    {ItemKind::Undo,
-     [](const QLineEdit& f) { return !f.isReadOnly() && f.isUndoAvailable(); }, [](QLineEdit& f) { f.undo(); },
+    {ItemKind::Undo, [](const QLineEdit& f) { return !f.isReadOnly() && f.isUndoAvailable(); },
+     [](QLineEdit& f) { f.undo(); },
      [](const QTextEdit& a) { return !a.isReadOnly() && a.document()->isUndoAvailable(); },
      [](QTextEdit& a) { a.undo(); }},
-    {ItemKind::Cut,
-     [](const QLineEdit& f) { return !f.isReadOnly() && f.hasSelectedText(); }, [](QLineEdit& f) { f.cut(); },
-     [](const QTextEdit& a) { return !a.isReadOnly() && hasSelection(a); }, [](QTextEdit& a) { a.cut(); }},
+    {ItemKind::Cut, [](const QLineEdit& f) { return !f.isReadOnly() && f.hasSelectedText(); },
+     [](QLineEdit& f) { f.cut(); },
+     [](const QTextEdit& a) { return !a.isReadOnly() && hasSelection(a); },
+     [](QTextEdit& a) { a.cut(); }},
     {ItemKind::Copy,
      [](const QLineEdit& f) { return f.hasSelectedText() && f.echoMode() == QLineEdit::Normal; },
-     [](QLineEdit& f) { f.copy(); },
-     [](const QTextEdit& a) { return hasSelection(a); }, [](QTextEdit& a) { a.copy(); }},
-    {ItemKind::Paste,
-     [](const QLineEdit& f) { return !f.isReadOnly() && clipboardHasText(); }, [](QLineEdit& f) { f.paste(); },
-     [](const QTextEdit& a) { return !a.isReadOnly() && a.canPaste(); }, [](QTextEdit& a) { a.paste(); }},
-    {ItemKind::Delete,
-     [](const QLineEdit& f) { return !f.isReadOnly() && f.hasSelectedText(); }, [](QLineEdit& f) { f.del(); },
+     [](QLineEdit& f) { f.copy(); }, [](const QTextEdit& a) { return hasSelection(a); },
+     [](QTextEdit& a) { a.copy(); }},
+    {ItemKind::Paste, [](const QLineEdit& f) { return !f.isReadOnly() && clipboardHasText(); },
+     [](QLineEdit& f) { f.paste(); },
+     [](const QTextEdit& a) { return !a.isReadOnly() && a.canPaste(); },
+     [](QTextEdit& a) { a.paste(); }},
+    {ItemKind::Delete, [](const QLineEdit& f) { return !f.isReadOnly() && f.hasSelectedText(); },
+     [](QLineEdit& f) { f.del(); },
      [](const QTextEdit& a) { return !a.isReadOnly() && hasSelection(a); },
      [](QTextEdit& a) { a.textCursor().removeSelectedText(); }},
-    {ItemKind::SelectAll,
-     [](const QLineEdit& f) { return !f.text().isEmpty(); }, [](QLineEdit& f) { f.selectAll(); },
-     [](const QTextEdit& a) { return !a.document()->isEmpty(); }, [](QTextEdit& a) { a.selectAll(); }},
+    {ItemKind::SelectAll, [](const QLineEdit& f) { return !f.text().isEmpty(); },
+     [](QLineEdit& f) { f.selectAll(); },
+     [](const QTextEdit& a) { return !a.document()->isEmpty(); },
+     [](QTextEdit& a) { a.selectAll(); }},
 };
-// clang-format on
 
 const EditItem* editItem(ItemKind kind) {
     for (const EditItem& item : kEditItems) {

@@ -2,6 +2,7 @@
 // formats against an independent computation in long double, and the careful
 // reading's refusals with their line numbers.
 #include "cli/ReportCommand.hpp"
+#include "engine/Version.hpp"
 #include "engine/report/Messages.hpp"
 #include "tests/engine/TestFiles.hpp"
 
@@ -40,15 +41,19 @@ TEST(ReportCommand, ExitStatusAndMessageForEachEnding) {
         std::string err; // the whole of stderr, or a part of it that names the problem
         bool report;
     };
-    // clang-format off
     const Case cases[] = {{{"", two}, 2, kEmptyCountMessage + line, false},
-        {{"abc", two}, 2, kBadCountMessage + line, false}, {{"100", two}, 2, kBadCountMessage + line, false},
-        {{"2.9", two}, 0, "", true}, {{"--", "2", two}, 0, "", true},
-        {{"2", high}, 1, kNoLowBicMessage + line, false}, {{"2", zero}, 0, kZeroBicMessage + line, true},
-        {{"2", missing}, 1, missing, false}, {{"2", folder.path().string()}, 1, folder.path().string(), false},
-        {{}, 2, "Usage: tovarin-report COUNT FILE", false}, {{"3"}, 2, "missing FILE", false},
-        {{"3", "a", "b"}, 2, "too many", false}, {{"--frobnicate", "3", two}, 2, "unknown option", false}};
-    // clang-format on
+                          {{"abc", two}, 2, kBadCountMessage + line, false},
+                          {{"100", two}, 2, kBadCountMessage + line, false},
+                          {{"2.9", two}, 0, "", true},
+                          {{"--", "2", two}, 0, "", true},
+                          {{"2", high}, 1, kNoLowBicMessage + line, false},
+                          {{"2", zero}, 0, kZeroBicMessage + line, true},
+                          {{"2", missing}, 1, missing, false},
+                          {{"2", folder.path().string()}, 1, folder.path().string(), false},
+                          {{}, 2, "Usage: tovarin-report COUNT FILE", false},
+                          {{"3"}, 2, "missing FILE", false},
+                          {{"3", "a", "b"}, 2, "too many", false},
+                          {{"--frobnicate", "3", two}, 2, "unknown option", false}};
     for (const Case& c : cases) {
         const Outcome outcome = run(c.args);
         const std::string what = c.args.empty() ? "(none)" : c.args.front();
@@ -62,7 +67,7 @@ TEST(ReportCommand, ExitStatusAndMessageForEachEnding) {
 }
 
 TEST(ReportCommand, HelpAndVersionGoToStandardOutput) {
-    EXPECT_EQ(run({"--version"}).out, "tovarin-report 1.1\n");
+    EXPECT_EQ(run({"--version"}).out, std::string("tovarin-report ") + kShortVersion + "\n");
     const Outcome help = run({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.out.find("Usage: tovarin-report COUNT FILE"), std::string::npos);
@@ -169,9 +174,9 @@ TEST(TableFormats, CarefulReadingNamesFileAndLine) {
         std::string content, extra, err; // err: the part of stderr that must be there
         int status;
     };
-    // clang-format off
     const Case cases[] = {
-        {"model;BIC\nlm_base;2451,37\n", "", "f:2: the BIC \"2451,37\" is not a number (a decimal comma?", 1},
+        {"model;BIC\nlm_base;2451,37\n", "",
+         "f:2: the BIC \"2451,37\" is not a number (a decimal comma?", 1},
         {"A\t100\nB\t2,5\n", "", "f:2: the BIC \"2,5\" is not a number (a decimal comma?", 1},
         {"A,1\n\nB,x\n", "", "f:3: the BIC \"x\" is not a number", 1},
         {"A,1\r\nB,\r\n", "", "f:2: the BIC field is empty", 1},
@@ -184,15 +189,16 @@ TEST(TableFormats, CarefulReadingNamesFileAndLine) {
         {"A,1\n\"B\"x,5\n", "", "f:2: field 1: text follows its closing quote", 1},
         {"A,1\nB\xff,5\n", "", "f:2: the name is not UTF-8 text", 1},
         {"A,1\nB,2\n\nC,3\n", "--count=2", "f:4: model line 3, but --count is 2", 1},
-        {"A,1\nB,2\n\n", "--count=3", "f:3: the file ends after 2 model lines, but --count is 3", 1},
-        {"\xef\xbb\xbfName,BIC\nA,1\nB,2\n", "", "f:1: skipped as a header line: its BIC field \"BIC\" is not a number", 0},
+        {"A,1\nB,2\n\n", "--count=3", "f:3: the file ends after 2 model lines, but --count is 3",
+         1},
+        {"\xef\xbb\xbfName,BIC\nA,1\nB,2\n", "",
+         "f:1: skipped as a header line: its BIC field \"BIC\" is not a number", 0},
         {"A,1\nB,2\nA,3\n", "", "f:3: the name \"A\" is already used on line 1", 0},
         {"Name,BIC\n\n", "", "f: no model lines", 1},
         {"A,1\n", "--format=report", "1 model lines; the report compares 2 to 99", 1},
         {"A,1\n", "--sort=rank", "--sort is bic or file, not \"rank\"", 2},
         {"A,1\n", "--confidence=0", "--confidence needs a level above 0 and at most 1", 2},
     };
-    // clang-format on
     for (const Case& c : cases) {
         const std::string file = folder.write("f", c.content).string();
         const Outcome outcome =
