@@ -7,6 +7,7 @@
 #include "engine/report/LocalDateTime.hpp"
 #include "framework/Canvas.hpp"
 #include "framework/Dialogs.hpp"
+#include "framework/KeyCode.hpp"
 #include "framework/PictureFile.hpp"
 #include "ui/MenuBar1.hpp"
 #include "ui/main/ControlWnd.hpp"
@@ -31,13 +32,17 @@ ControlWnd& window() {
 
 // Presses and releases the key a keyboard gives for a code.
 void press(QWidget* control, int code) {
+    using namespace fw::key;
     static const QHash<int, Qt::Key> named = {
-        {8, Qt::Key_Backspace}, {9, Qt::Key_Tab}, {13, Qt::Key_Return}, {28, Qt::Key_Left},
-        {29, Qt::Key_Right},    {30, Qt::Key_Up}, {31, Qt::Key_Down},   {127, Qt::Key_Delete}};
+        {Backspace, Qt::Key_Backspace}, {Tab, Qt::Key_Tab},
+        {Return, Qt::Key_Return},       {LeftArrow, Qt::Key_Left},
+        {RightArrow, Qt::Key_Right},    {UpArrow, Qt::Key_Up},
+        {DownArrow, Qt::Key_Down},      {ForwardDelete, Qt::Key_Delete}};
     const Qt::Key key =
         named.value(code, code < 32 ? Qt::Key_Escape : Qt::Key(QChar(code).toUpper().unicode()));
-    const QString text =
-        code < 28 || (code >= 32 && code != 127) ? QString(QChar(code)) : QString();
+    const QString text = code < LeftArrow || (code >= Space && code != ForwardDelete)
+                             ? QString(QChar(code))
+                             : QString();
     QTest::sendKeyEvent(QTest::Click, control, key, text, Qt::NoModifier);
 }
 
@@ -115,16 +120,20 @@ private slots:
         press(field, code);
         const QString printable =
             " .0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_`abcdefghijklmnopqrstuvwxyz";
+        using namespace fw::key;
         const bool accepted =
             countField
-                ? QList<int>{8, 9, 28, 29, 127}.contains(code) || (code >= '0' && code <= '9')
-                : QList<int>{8, 9, 13, 127}.contains(code) || printable.contains(QChar(code));
+                ? QList<int>{Backspace, Tab, LeftArrow, RightArrow, ForwardDelete}.contains(code) ||
+                      (code >= '0' && code <= '9')
+                : QList<int>{Backspace, Tab, Return, ForwardDelete}.contains(code) ||
+                      printable.contains(QChar(code));
         const QString typed =
-            accepted && code >= 32 && code != 127 ? QString(QChar(code)) : QString();
+            accepted && code >= Space && code != ForwardDelete ? QString(QChar(code)) : QString();
         // Tab types nothing and leads to the count field, the one tab stop.
         QCOMPARE(QApplication::focusWidget(),
-                 countField || (accepted && code == 9) ? window().pFld() : field);
-        const QHash<int, QString> edits = {{8, "y"}, {13, "x\ny"}, {127, "x"}};
+                 countField || (accepted && code == Tab) ? window().pFld() : field);
+        const QHash<int, QString> edits = {
+            {Backspace, "y"}, {Return, "x\ny"}, {ForwardDelete, "x"}};
         QCOMPARE(QString::number(beeps_) + " beeps|" + window().pFld()->text() + "|" +
                      results.toPlainText() + (results.isVisible() ? "" : " hidden"),
                  (accepted ? "0 beeps|" : "1 beeps|") + (countField ? typed + "|"
