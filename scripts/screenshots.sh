@@ -20,10 +20,10 @@ for tool in Xvfb xdotool import; do
 done
 [ -x "$app" ] || { echo "error: $app not built" >&2; exit 1; }
 
-# shellcheck source=../tests/e2e/xvfb.sh
-source "$repo/tests/e2e/xvfb.sh"
-# shellcheck source=../tests/e2e/windows.sh
-source "$repo/tests/e2e/windows.sh"
+# shellcheck source=xvfb.sh
+source "$repo/scripts/xvfb.sh"
+# shellcheck source=x-windows.sh
+source "$repo/scripts/x-windows.sh"
 
 app_pid=
 cleanup() {

@@ -1,4 +1,5 @@
-# Sourced by the scripts that drive Tovarin with xdotool; the caller sets app_pid and defines fail MESSAGE.
+# Sourced by the scripts that drive Tovarin with xdotool (tests, benchmarks, screenshots);
+# the caller sets app_pid and defines fail MESSAGE.
 step_timeout=${step_timeout:-15} # seconds for any one wait
 
 # wait_for WHAT COMMAND...: repeats COMMAND until it prints something, and prints that.

@@ -10,10 +10,10 @@ runs=${2:-300}
 here=$(cd "$(dirname "$0")" && pwd)
 app=$(realpath "$build_dir/app/tovarin")
 data=$(realpath "$here/../../examples/worked-example.txt")
-# shellcheck source=../../tests/e2e/xvfb.sh
-source "$here/../../tests/e2e/xvfb.sh"
-# shellcheck source=../../tests/e2e/windows.sh
-source "$here/../../tests/e2e/windows.sh"
+# shellcheck source=../../scripts/xvfb.sh
+source "$here/../../scripts/xvfb.sh"
+# shellcheck source=../../scripts/x-windows.sh
+source "$here/../../scripts/x-windows.sh"
 fail() { echo "error: $*" >&2 && exit 1; }
 
 start_xvfb

@@ -15,8 +15,8 @@ for f in "$timer" "$bare" "$app"; do
     [ -x "$f" ] || { echo "error: $f not built" >&2; exit 1; }
 done
 
-# shellcheck source=../../tests/e2e/xvfb.sh
-source "$here/../../tests/e2e/xvfb.sh"
+# shellcheck source=../../scripts/xvfb.sh
+source "$here/../../scripts/xvfb.sh"
 start_xvfb
 # A desktop session's theme settings would make the two programs load different things.
 unset QT_QPA_PLATFORMTHEME QT_STYLE_OVERRIDE WAYLAND_DISPLAY

@@ -6,8 +6,8 @@ set -euo pipefail
 app=$(realpath "$1") report_tool=$(realpath "$2") data_file=$(realpath "$3")
 command -v Xvfb >/dev/null && command -v xdotool >/dev/null && command -v xclip >/dev/null ||
     { echo "SKIP: Xvfb, xdotool or xclip is not installed" && exit 77; }
-source "$(dirname "$0")/xvfb.sh"
-source "$(dirname "$0")/windows.sh"
+source "$(dirname "$0")/../../scripts/xvfb.sh"
+source "$(dirname "$0")/../../scripts/x-windows.sh"
 app_pid= app_log=$(mktemp)
 trap '[ -z "$app_pid" ] || kill -9 "$app_pid" 2>/dev/null; stop_xvfb; rm -f "$app_log"' EXIT
 fail() { echo "FAIL: $*" >&2 && cat "$app_log" >&2 && exit 1; }

@@ -12,8 +12,8 @@ for tool in cpack dpkg-shlibdeps lintian desktop-file-validate appstreamcli Xvfb
 done
 [ -f /usr/share/bash-completion/bash_completion ] || { echo "SKIP: no bash-completion"; exit 77; }
 here=$(cd "$(dirname "$0")" && pwd)
-source "$here/../e2e/xvfb.sh"
-source "$here/../e2e/windows.sh"
+source "$here/../../scripts/xvfb.sh"
+source "$here/../../scripts/x-windows.sh"
 scratch=$(mktemp -d) app_pid=
 trap '[ -z "$app_pid" ] || kill -9 "$app_pid" 2>/dev/null; stop_xvfb; rm -rf "$scratch"' EXIT
 fail() {
