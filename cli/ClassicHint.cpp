@@ -34,6 +34,11 @@ std::optional<std::string> classicHint(std::string_view text, std::int64_t count
                "separates its fields with a semicolon, which this form reads as part of the name" +
                careful;
     }
+    if (read.firstDecimalCommaLine != 0) {
+        return at(file, read.firstDecimalCommaLine) +
+               "writes a number with a decimal comma, which this form cuts off at the comma" +
+               careful;
+    }
     if (std::ssize(read.models) != count) {
         return file + ": " + std::to_string(read.models.size()) + " model lines, but COUNT is " +
                std::to_string(count) + careful;

@@ -8,6 +8,7 @@
 #include "engine/table/DelimitedTableWriter.hpp"
 #include "engine/table/JsonTableWriter.hpp"
 #include "engine/table/ModelTableReader.hpp"
+#include "engine/table/NumberText.hpp"
 #include "engine/table/PaperTableWriter.hpp"
 #include "engine/table/TableDocument.hpp"
 #include "engine/table/TableStatistics.hpp"
@@ -21,6 +22,8 @@ namespace tovarin {
 namespace {
 
 constexpr const char* kPrefix = "tovarin-report: ";
+// Past this many, the models of a tie are counted, not named.
+constexpr std::size_t kTiesNamed = 10;
 
 std::string where(const std::string& file, std::int64_t line) {
     return line > 0 ? file + ":" + std::to_string(line) + ": " : file + ": ";
@@ -53,13 +56,30 @@ ExitStatus writeClassicReport(const TableOptions& options, const std::vector<Tab
     return ExitStatus::Done;
 }
 
+// Every model at the lowest BIC is marked best; a tie is worth saying.
+void noteTie(const TableDocument& table, const std::string& file, std::ostream& err) {
+    const std::vector<const TableRow*> tied = table.tiedBest();
+    if (tied.size() < 2) {
+        return;
+    }
+    err << kPrefix << file << ": " << tied.size() << " models share the lowest BIC, "
+        << shortestText(tied.front()->bic) << ", and each is marked \"best model\": ";
+    for (std::size_t i = 0; i < std::min(tied.size(), kTiesNamed); ++i) {
+        err << (i == 0 ? "" : ", ") << '"' << tied[i]->name << "\" (line " << tied[i]->line << ')';
+    }
+    if (tied.size() > kTiesNamed) {
+        err << " and " << tied.size() - kTiesNamed << " more";
+    }
+    err << '\n';
+}
+
 } // namespace
 
 ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ostream& err) {
     const std::string file = inputMessageName(options.file);
     ModelTableRead read;
     try {
-        read = readModelTable(readInputText(options.file), options.count);
+        read = readModelTable(readInputText(options.file), options.read);
     } catch (const FileError& error) {
         err << kPrefix << error.what() << '\n';
         return ExitStatus::NoResult;
@@ -80,8 +100,17 @@ ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ost
         return writeClassicReport(options, read.models, out, err);
     }
 
-    TableDocument table{inputDocumentName(options.file), options.confidence,
-                        computeTable(std::move(read.models), options.confidence)};
+    TableDocument table;
+    table.file = inputDocumentName(options.file);
+    table.confidence = options.confidence;
+    table.scale = options.scale;
+    table.rows = computeTable(std::move(read.models), options.confidence, options.scale);
+    const bool paper =
+        options.format == TableFormat::Markdown || options.format == TableFormat::Latex;
+    table.columns = options.columns.empty() ? defaultColumns(paper) : options.columns;
+    table.caption = options.caption.value_or("");
+    table.label = options.label.value_or("");
+    noteTie(table, file, err);
     if (options.sortByFile) {
         std::sort(table.rows.begin(), table.rows.end(),
                   [](const TableRow& a, const TableRow& b) { return a.line < b.line; });
@@ -100,9 +129,14 @@ ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ost
     case TableFormat::Markdown:
         writeMarkdownTable(text, table);
         break;
-    case TableFormat::Latex:
-        writeLatexTable(text, table);
+    case TableFormat::Latex: {
+        std::vector<TableNote> notes;
+        writeLatexTable(text, table, notes);
+        for (const TableNote& note : notes) {
+            err << kPrefix << where(file, note.line) << note.text << '\n';
+        }
         break;
+    }
     case TableFormat::Report: // written above
         break;
     }

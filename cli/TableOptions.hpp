@@ -1,5 +1,9 @@
 #pragma once
 
+#include "engine/table/ModelTableReader.hpp"
+#include "engine/table/TableColumns.hpp"
+#include "engine/table/TableStatistics.hpp"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,14 +14,17 @@ namespace tovarin {
 
 enum class TableFormat { Report, Tsv, Csv, Json, Markdown, Latex };
 
-// `--format FORMAT [--count N] [--sort bic|file] [--confidence P] FILE`.
+// `--format FORMAT [options] FILE`: how to read FILE (--count, --sep and the
+// column choices, for every format) and what table to write of it.
 struct TableOptions {
     TableFormat format = TableFormat::Report;
-    std::optional<std::int64_t> count;
+    TableReadOptions read;
     bool sortByFile = false;
-    bool sortGiven = false;
     double confidence = 0.95;
-    bool confidenceGiven = false;
+    std::vector<Column> columns; // empty: the format's own
+    EvidenceScale scale = EvidenceScale::Raftery;
+    std::optional<std::string> caption;
+    std::optional<std::string> label;
     std::string file;
 };
 

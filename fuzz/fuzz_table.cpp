@@ -1,6 +1,8 @@
-// Any bytes as a data file for the table formats: either a refusal with a line
-// number inside the file, or a table whose numbers hold together, written in
-// every format. The CSV is read back and must give each row's fields again.
+// Any bytes as a data file for the table formats, read with the separator
+// and scale its first byte picks: either a refusal with a line number inside
+// the file, or a table whose numbers hold together, ties marked alike,
+// written in every format. The CSV is read back and must give each row's
+// fields again.
 #include "engine/table/DelimitedTableWriter.hpp"
 #include "engine/table/JsonTableWriter.hpp"
 #include "engine/table/ModelTableReader.hpp"
@@ -60,10 +62,15 @@ std::vector<std::string> readCsvRecord(std::string_view csv, std::size_t& at) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    if (size == 0)
+        return 0;
+    const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
+    TableReadOptions options;
+    options.separator = static_cast<FieldSeparator>(data[0] % 5);
+    const EvidenceScale scale = data[0] & 0x10U ? EvidenceScale::Jeffreys : EvidenceScale::Raftery;
     ModelTableRead read;
     try {
-        read = readModelTable(text);
+        read = readModelTable(text, options);
     } catch (const TableReadError& error) {
         check(error.line() >= 1 && error.line() <= static_cast<std::int64_t>(size) + 1,
               "refusal outside the file");
@@ -72,7 +79,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (read.models.empty())
         return 0;
 
-    TableDocument table{"fuzz.txt", 0.95, computeTable(read.models, 0.95)};
+    TableDocument table;
+    table.file = "fuzz.txt";
+    table.scale = scale;
+    table.rows = computeTable(read.models, 0.95, scale);
     const std::vector<TableRow>& rows = table.rows;
     check(rows.size() == read.models.size(), "a row lost or added");
     check(rows.front().deltaBic == 0.0 && rows.front().inConfidenceSet, "rank 1 is no best model");
@@ -89,13 +99,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         check(std::isfinite(row.lnBayesFactor) || !std::isfinite(row.deltaBic),
               "ln BF not finite for a finite difference");
         previous = row.cumulativeWeight;
+        const TableRow& top = rows.front();
+        check((row.bic == top.bic) == (row.evidence == Evidence::BestModel),
+              "best model and lowest BIC part ways");
+        check(i == 0 || row.bic != rows[i - 1].bic ||
+                  row.inConfidenceSet == rows[i - 1].inConfidenceSet,
+              "a tie split across the confidence set's edge");
     }
 
     std::string out;
     writeJsonTable(out, table);
     writeTsvTable(out, table);
     writeMarkdownTable(out, table);
-    writeLatexTable(out, table);
+    std::vector<TableNote> notes;
+    writeLatexTable(out, table, notes);
     std::string csv;
     writeCsvTable(csv, table);
     std::size_t at = 0;
@@ -106,5 +123,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         check(fields[1] == row.name, "a name that does not read back from the CSV");
     }
     check(at == csv.size(), "CSV text after the last row");
+    check(out.find("\\begin{tabular}") != std::string::npos, "no LaTeX table");
     return 0;
 }

@@ -36,23 +36,20 @@ struct FieldText {
     std::string operator()(std::int64_t value) const { return std::to_string(value); }
     std::string operator()(std::string_view text) const { return std::string(text); }
     std::string operator()(double value) const { return numberField(value); }
-    std::string operator()(bool value) const { return value ? "true" : "false"; }
+    // As R's read.csv, pandas and spreadsheets all read a truth value.
+    std::string operator()(bool value) const { return value ? "TRUE" : "FALSE"; }
 };
 
 void writeTable(std::string& out, const TableDocument& table, char separator, const char* lineEnd) {
-    for (const ColumnSpec& spec : kTableColumns) {
-        if (spec.column != kTableColumns.front().column) {
-            out += separator;
-        }
-        appendField(out, spec.field, separator);
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+        out += i == 0 ? "" : std::string(1, separator);
+        appendField(out, columnSpec(table.columns[i]).field, separator);
     }
     out += lineEnd;
     for (const TableRow& row : table.rows) {
-        for (const ColumnSpec& spec : kTableColumns) {
-            if (spec.column != kTableColumns.front().column) {
-                out += separator;
-            }
-            appendField(out, std::visit(FieldText{}, cellOf(row, spec.column)), separator);
+        for (std::size_t i = 0; i < table.columns.size(); ++i) {
+            out += i == 0 ? "" : std::string(1, separator);
+            appendField(out, std::visit(FieldText{}, cellOf(row, table.columns[i])), separator);
         }
         out += lineEnd;
     }

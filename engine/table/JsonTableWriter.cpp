@@ -76,20 +76,26 @@ void writeJsonTable(std::string& out, const TableDocument& table) {
     out += ",\n  \"count\": " + std::to_string(table.rows.size());
     out += ",\n  \"best_model\": ";
     appendString(out, table.best().name);
-    out += ",\n  \"confidence\": ";
+    out += ",\n  \"tied_best\": [";
+    const std::vector<const TableRow*> tied = table.tiedBest();
+    for (std::size_t i = 0; i < tied.size(); ++i) {
+        out += i == 0 ? "" : ", ";
+        appendString(out, tied[i]->name);
+    }
+    out += "],\n  \"confidence\": ";
     appendNumber(out, table.confidence);
+    out += ",\n  \"scale\": ";
+    out += table.scale == EvidenceScale::Jeffreys ? "\"jeffreys\"" : "\"raftery\"";
     out += ",\n  \"models\": [";
     bool first = true;
     for (const TableRow& row : table.rows) {
         out += first ? "\n    {" : ",\n    {";
         first = false;
-        for (const ColumnSpec& spec : kTableColumns) {
-            if (spec.column != kTableColumns.front().column) {
-                out += ", ";
-            }
-            appendString(out, spec.field);
+        for (std::size_t i = 0; i < table.columns.size(); ++i) {
+            out += i == 0 ? "" : ", ";
+            appendString(out, columnSpec(table.columns[i]).field);
             out += ": ";
-            std::visit(JsonValue{out}, cellOf(row, spec.column));
+            std::visit(JsonValue{out}, cellOf(row, table.columns[i]));
         }
         out += '}';
     }

@@ -9,4 +9,16 @@ const TableRow& TableDocument::best() const {
                          [](const TableRow& row) { return row.rank == 1; });
 }
 
+std::vector<const TableRow*> TableDocument::tiedBest() const {
+    std::vector<const TableRow*> tied;
+    for (const TableRow& row : rows) {
+        if (row.evidence == Evidence::BestModel) {
+            tied.push_back(&row);
+        }
+    }
+    std::sort(tied.begin(), tied.end(),
+              [](const TableRow* a, const TableRow* b) { return a->rank < b->rank; });
+    return tied;
+}
+
 } // namespace tovarin

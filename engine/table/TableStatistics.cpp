@@ -8,7 +8,20 @@
 
 namespace tovarin {
 
-Evidence evidenceFor(double deltaBic) {
+Evidence evidenceFor(double deltaBic, EvidenceScale scale) {
+    if (scale == EvidenceScale::Jeffreys) {
+        const double factor = std::exp(deltaBic / 2.0);
+        if (factor <= 3.0) {
+            return Evidence::Anecdotal;
+        }
+        if (factor <= 10.0) {
+            return Evidence::Moderate;
+        }
+        if (factor <= 30.0) {
+            return Evidence::Strong;
+        }
+        return factor <= 100.0 ? Evidence::VeryStrong : Evidence::Extreme;
+    }
     if (deltaBic <= 2.0) {
         return Evidence::Weak;
     }
@@ -33,11 +46,18 @@ const char* evidenceLabel(Evidence evidence) {
         return "strong";
     case Evidence::VeryStrong:
         return "very strong";
+    case Evidence::Anecdotal:
+        return "anecdotal";
+    case Evidence::Moderate:
+        return "moderate";
+    case Evidence::Extreme:
+        return "extreme";
     }
     return "";
 }
 
-std::vector<TableRow> computeTable(std::vector<TableModel> models, double confidence) {
+std::vector<TableRow> computeTable(std::vector<TableModel> models, double confidence,
+                                   EvidenceScale scale) {
     const std::size_t count = models.size();
     std::vector<std::size_t> order(count);
     std::iota(order.begin(), order.end(), std::size_t{0});
@@ -69,19 +89,20 @@ std::vector<TableRow> computeTable(std::vector<TableModel> models, double confid
         row.name = std::move(models[i].name);
         row.bic = models[i].bic;
         row.line = models[i].line;
+        row.bicSource = models[i].source;
         row.deltaBic = delta[i];
         // A term below the normal range has lost bits; in logs the division
         // costs none, so a tiny weight keeps what precision the double allows.
         row.weight = term[i] >= DBL_MIN ? term[i] / sum : std::exp(-delta[i] / 2.0 - logSum);
         row.lnBayesFactor = delta[i] / 2.0;
         row.bayesFactor = std::exp(row.lnBayesFactor);
-        row.evidence = r == 0 ? Evidence::BestModel : evidenceFor(delta[i]);
+        row.evidence = models[i].bic == lowBic ? Evidence::BestModel : evidenceFor(delta[i], scale);
         if (r == 0 || models[i].bic != models[order[r - 1]].bic) {
             beforeGroup = cumulative;
         }
         cumulative += row.weight;
         row.cumulativeWeight = cumulative;
-        row.inConfidenceSet = beforeGroup < confidence;
+        row.inConfidenceSet = beforeGroup < confidence || confidence >= 1.0;
     }
     return rows;
 }

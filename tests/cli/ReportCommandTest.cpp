@@ -1,8 +1,9 @@
 // tovarin-report in process: the classic form's endings and hints, the table
-// formats against an independent computation in long double, and the careful
-// reading's refusals with their line numbers.
+// formats against an independent computation in long double and the classic
+// report's own doubles, and the careful reading's refusals with their line numbers.
 #include "cli/ReportCommand.hpp"
 #include "engine/Version.hpp"
+#include "engine/report/BicStatistics.hpp"
 #include "engine/report/Messages.hpp"
 #include "tests/engine/TestFiles.hpp"
 
@@ -11,6 +12,7 @@
 #include <cfloat>
 #include <cmath>
 #include <cstdio>
+#include <map>
 #include <random>
 #include <sstream>
 
@@ -80,7 +82,7 @@ TEST(ReportCommand, ClassicHintFollowsTheMessages) {
     const std::pair<std::string, std::string> cases[] = {
         {"Model\tBIC\nA\t1\nB\t2\n", "f:1: looks like a header line"},
         {"lm_base;2451.5\nB;2\n", "f:1: separates its fields with a semicolon"},
-        {"A\t1\nB\t2,5\n", "f:2: the BIC \"2,5\" is not a number"},
+        {"A\t1\nB\t2,5\nC\t3\n", "f:2: writes a number with a decimal comma"},
         {"A\t1\n\nB\t2\n", "f: 2 model lines, but COUNT is 3"},
         {"lm_age_sex\t1\nlm_age_sex_bmi\t2\nC\t3\n", "both print as \"lm_age_s\""},
         {"A\t1\nB\t2\nC\t3\n", ""}};
@@ -107,16 +109,18 @@ std::vector<std::string> splitAt(const std::string& text, char separator) {
     return parts;
 }
 
-// BIC sets with ties, differences near the evidence bands and far into the
-// range where terms underflow and Bayes factors overflow a double.
+// BIC sets with ties, differences on and near the evidence bands' edges and far
+// into the range where terms underflow and Bayes factors overflow a double.
 std::string randomSet(std::mt19937_64& random, std::vector<double>& bics) {
-    const double base = std::uniform_real_distribution<double>(-5000.0, 5000.0)(random);
+    const double base = std::round(std::uniform_real_distribution<double>(-5000.0, 5000.0)(random));
     bics.assign(1 + random() % 40, base);
     std::string text;
     for (std::size_t i = 0; i < bics.size(); ++i) {
-        const double spread[] = {12.0, 1600.0, 40.0, 0.0};
-        bics[i] = random() % 4 == 3 ? bics[random() % (i + 1)]
-                                    : base + spread[random() % 4] * std::ldexp(random() >> 11, -53);
+        const double spread[] = {12.0, 1600.0, 40.0, 0.0}, edge[] = {2.0, 6.0, 10.0, 0.0};
+        const int kind = int(random() % 5);
+        bics[i] = kind == 4   ? bics[random() % (i + 1)]
+                  : kind == 3 ? base + edge[random() % 4]
+                              : base + spread[kind] * std::ldexp(random() >> 11, -53);
         char line[64];
         std::snprintf(line, sizeof line, "m%zu\t%.17g\n", i, bics[i]);
         text += line;
@@ -124,22 +128,32 @@ std::string randomSet(std::mt19937_64& random, std::vector<double>& bics) {
     return text;
 }
 
-TEST(TableFormats, AgreeWithLogSumExpInLongDouble) {
+TEST(TableFormats, AgreeWithLogSumExpAndTheReportsDoubles) {
     const test::TempFolder folder;
     std::mt19937_64 random(20261123);
     for (int set = 0; set < 300; ++set) {
         std::vector<double> bics;
         const std::string file = folder.write("set.tsv", randomSet(random, bics)).string();
-        const Outcome outcome = run({"--format", "tsv", "--sort=file", file});
+        const std::string level = set % 3 == 0 ? "1" : set % 3 == 1 ? "0.5" : "0.95";
+        const bool jeffreys = set % 2 == 1;
+        const Outcome outcome = run({"--format", "tsv", "--sort=file", "--confidence", level,
+                                     "--scale", jeffreys ? "jeffreys" : "raftery", file});
         const std::vector<std::string> rows = splitAt(outcome.out, '\n');
         ASSERT_EQ(rows.size(), bics.size() + 1) << outcome.err;
         const auto lowest = std::min_element(bics.begin(), bics.end());
         long double sum = 0, reached = 0, outBefore = 1;
         for (double bic : bics)
             sum += expl(-(bic - *lowest) / 2);
+        ModelSet report; // the classic report's statistics of the same models
+        report.resize(std::int64_t(bics.size()));
+        for (std::size_t i = 0; i < bics.size(); ++i)
+            report.row(std::int64_t(i) + 1).bic = bics[i];
+        ASSERT_TRUE(findLowBic(report));
+        computeResults(report);
+        std::map<double, std::string> inSetByBic;
         for (std::size_t i = 0; i < bics.size(); ++i) {
             const std::vector<std::string> f = splitAt(rows[i + 1], '\t');
-            ASSERT_EQ(f.size(), 10U) << rows[i + 1];
+            ASSERT_EQ(f.size(), 11U) << rows[i + 1];
             const long double delta = bics[i] - *lowest, weight = expl(-delta / 2 - logl(sum));
             const auto near = [](const std::string& got, long double want) {
                 return std::fabs(std::strtod(got.c_str(), nullptr) - want) <=
@@ -148,63 +162,105 @@ TEST(TableFormats, AgreeWithLogSumExpInLongDouble) {
             EXPECT_EQ(std::strtod(f[2].c_str(), nullptr), bics[i]) << f[2];
             EXPECT_TRUE(near(f[3], delta) && near(f[4], weight) && near(f[7], delta / 2))
                 << rows[i + 1] << " vs " << static_cast<double>(weight);
+            const double reportWeight = report.row(std::int64_t(i) + 1).probability;
+            EXPECT_TRUE(reportWeight < DBL_MIN ||
+                        std::strtod(f[4].c_str(), nullptr) == reportWeight)
+                << rows[i + 1] << " vs the report's " << reportWeight;
             const long double lnMax = logl(DBL_MAX);
             EXPECT_TRUE(delta / 2 > lnMax + 1e-6L
                             ? f[6] == "Inf"
                             : delta / 2 > lnMax - 1e-6L || near(f[6], expl(delta / 2)))
                 << f[6];
-            const bool best = f[0] == "1";
-            EXPECT_EQ(best, lowest - bics.begin() == static_cast<std::ptrdiff_t>(i));
-            const char* bands[] = {"weak", "positive", "strong", "very strong"};
-            EXPECT_EQ(f[8], best ? "best model" : bands[(delta > 2) + (delta > 6) + (delta > 10)]);
-            // The members' weight reaches 0.95, which it had before each model left out.
+            const char* raftery[] = {"weak", "positive", "strong", "very strong"};
+            const char* jeffreysBands[] = {"anecdotal", "moderate", "strong", "very strong",
+                                           "extreme"};
+            const long double factor = expl(delta / 2);
+            EXPECT_EQ(
+                f[8],
+                bics[i] == *lowest ? "best model"
+                : jeffreys
+                    ? jeffreysBands[(factor > 3) + (factor > 10) + (factor > 30) + (factor > 100)]
+                    : raftery[(delta > 2) + (delta > 6) + (delta > 10)])
+                << rows[i + 1];
+            EXPECT_EQ(f[0] == "1", lowest - bics.begin() == std::ptrdiff_t(i));
+            // Tied models are in or out together; the members' weight reaches
+            // the level, which it had not before each model left out.
+            EXPECT_EQ(inSetByBic.emplace(bics[i], f[9]).first->second, f[9]) << rows[i + 1];
             const long double cumulative = std::strtold(f[5].c_str(), nullptr);
-            if (f[9] == "true")
+            if (f[9] == "TRUE")
                 reached = std::max(reached, cumulative);
             else
                 outBefore = std::min(outBefore, cumulative - std::strtold(f[4].c_str(), nullptr));
         }
-        EXPECT_GE(std::min(reached, outBefore), 0.95L - 1e-12L);
+        const long double wanted = std::strtold(level.c_str(), nullptr);
+        EXPECT_GE(std::min(reached, outBefore), wanted - 1e-12L) << level;
+        EXPECT_TRUE(level != "1" || outBefore == 1) << "--confidence 1 leaves a model out";
     }
 }
 
 TEST(TableFormats, CarefulReadingNamesFileAndLine) {
     const test::TempFolder folder;
     struct Case {
-        std::string content, extra, err; // err: the part of stderr that must be there
+        std::string content, extra,
+            err; // err: the part of stderr (or of the table) that must be there
         int status;
     };
     const Case cases[] = {
-        {"model;BIC\nlm_base;2451,37\n", "",
-         "f:2: the BIC \"2451,37\" is not a number (a decimal comma?", 1},
-        {"A\t100\nB\t2,5\n", "", "f:2: the BIC \"2,5\" is not a number (a decimal comma?", 1},
+        {"model;BIC\nlm_base;2451,37\nlm_b;2449\n", "", "lm_base,2451.37,", 0},
+        {"A\t100,5\nB\t2.5\n", "", "f:2: a decimal point, where line 1 has a decimal comma", 1},
+        {"A,2451,37\n", "", "f:1: 3 fields and no header line to name them", 1},
+        {"A,\"2,5\"\n", "", "f:1: the BIC \"2,5\" is not a number (a decimal comma?", 1},
         {"A,1\n\nB,x\n", "", "f:3: the BIC \"x\" is not a number", 1},
         {"A,1\r\nB,\r\n", "", "f:2: the BIC field is empty", 1},
         {"A,1\rB\r", "", "f:2: the BIC field is empty", 1},
         {"A,1\nB,12abc\n", "", "f:2: the BIC \"12abc\" is not a number", 1},
         {"A,1\nB,1e999\n", "", "f:2: the BIC \"1e999\" is out of the range of a double", 1},
-        {"A,1\nB,nan\n", "", "f:2: the BIC \"nan\" is not a finite number", 1},
+        {"m1,NaN\nm2,5\n", "", "f:1: the BIC \"NaN\" is not a finite number", 1},
+        {"m1,NA\nm2,5\n", "", "f:1: the BIC \"NA\" is a missing value", 1},
+        {"m1,-Inf\nm2,5\n", "", "f:1: the BIC \"-Inf\" is not a finite number", 1},
         {"A,1\n,5\n", "", "f:2: the model has no name", 1},
         {"A,1\n\"B,5\n", "", "f:2: field 1: its opening quote is never closed", 1},
         {"A,1\n\"B\"x,5\n", "", "f:2: field 1: text follows its closing quote", 1},
+        {"\"a;b\",5\nc,6\n", "", "1,a;b,5,", 0},
         {"A,1\nB\xff,5\n", "", "f:2: the name is not UTF-8 text", 1},
-        {"A,1\nB,2\n\nC,3\n", "--count=2", "f:4: model line 3, but --count is 2", 1},
+        {"A,1\nB,2,3\n", "", "f:2: has 3 fields where the first line has 2", 1},
+        {"\"\",df,AIC\nm1,3,5\n", "",
+         "no column is named \"BIC\"; the header's cells are \"\", "
+         "\"df\", \"AIC\"",
+         1},
+        {"model,df,BIC\nm1,3,5\nm2,4\n", "", "f:3: has 2 fields where the header line has 3", 1},
+        {"\"\",BIC\n0,5\n1,6\n", "--name-column=model", "no column is named \"model\"", 1},
+        {"A,1,3\nB,2,4\n", "--bic-column=2", "1,A,1,", 0},
+        {"n,LL,K\nA,-10,2\n", "--loglik-column=LL", "needs --params-column and --nobs", 2},
+        {"n,LL,K\nA,-10,-2\n", "--loglik-column=LL --params-column=K --nobs=5",
+         "f:2: the number of parameters is negative", 1},
+        {"A,1,2\nB,2,3\n\nC,3,4\n", "--bic-column=2 --count=2",
+         "f:4: model line 3, but --count is 2", 1},
         {"A,1\nB,2\n\n", "--count=3", "f:3: the file ends after 2 model lines, but --count is 3",
          1},
         {"\xef\xbb\xbfName,BIC\nA,1\nB,2\n", "",
-         "f:1: skipped as a header line: its BIC field \"BIC\" is not a number", 0},
+         "f:1: header line: BIC from column 2 \"BIC\", names from column 1 \"Name\"", 0},
         {"A,1\nB,2\nA,3\n", "", "f:3: the name \"A\" is already used on line 1", 0},
+        {"A,7\nB,9\nC,7\n", "",
+         "2 models share the lowest BIC, 7, and each is marked \"best model\": \"A\" (line 1), "
+         "\"C\" (line 3)",
+         0},
         {"Name,BIC\n\n", "", "f: no model lines", 1},
         {"A,1\n", "--format=report", "1 model lines; the report compares 2 to 99", 1},
         {"A,1\n", "--sort=rank", "--sort is bic or file, not \"rank\"", 2},
         {"A,1\n", "--confidence=0", "--confidence needs a level above 0 and at most 1", 2},
+        {"A,1\n", "--columns=name,bic,name", "--columns names \"name\" twice", 2},
     };
     for (const Case& c : cases) {
         const std::string file = folder.write("f", c.content).string();
-        const Outcome outcome =
-            run({"--format", "csv", c.extra.empty() ? "--sort=bic" : c.extra, file});
+        std::vector<std::string> args = {"--format", "csv"};
+        for (std::istringstream extra(c.extra.empty() ? "--sort=bic" : c.extra); !extra.eof();)
+            extra >> args.emplace_back();
+        args.push_back(file);
+        const Outcome outcome = run(args);
         EXPECT_EQ(outcome.status, c.status) << c.content;
-        EXPECT_NE(outcome.err.find(c.err), std::string::npos) << c.content << "\n" << outcome.err;
+        EXPECT_NE((outcome.err + outcome.out).find(c.err), std::string::npos) << c.content << "\n"
+                                                                              << outcome.err;
         EXPECT_EQ(outcome.out.empty(), c.status != 0) << c.content;
     }
 }

@@ -4,8 +4,9 @@ import csv, io, json, os, re, subprocess, sys, tempfile
 
 program, examples = sys.argv[1], sys.argv[2]
 here = os.path.dirname(os.path.abspath(__file__))
-names = ['lm_age_sex', 'lm_age_sex_bmi', 'a "quoted", name', 'pipe|star*', '50% & $x_1^2$ {~}#\\', 'Zürich–β']
-bics = [2451.37, 2449.5, -12.25, 1e-3, 2460.0, 3900.125]
+names = ['lm_age_sex', 'lm_age_sex_bmi', 'a "quoted", name', 'pipe|star*', '50% & $x_1^2$ {~}#\\',
+         'Zürich–β', 'lm(y ~ a, b)', 'tab\there\x01x', "a--b'`<@[>"]
+bics = [2451.37, 2449.5, -12.25, 1e-3, 2460.0, 3900.125, 2455.5, 2449.75, 2452.0]
 data = ''.join('"%s",%r\r\n' % (n.replace('"', '""'), b) for n, b in zip(names, bics))
 
 
@@ -20,7 +21,7 @@ models = table['models']
 assert [m['name'] for m in sorted(models, key=lambda m: m['rank'])] == \
     [n for _, n in sorted(zip(bics, names))], models
 assert [m['bic'] for m in models] == sorted(bics)
-assert table['count'] == 6 and table['best_model'] == models[0]['name']
+assert table['count'] == len(names) and table['best_model'] == models[0]['name']
 assert models[-1]['bayes_factor'] is None and models[-1]['ln_bayes_factor'] > 709
 
 
@@ -34,8 +35,8 @@ for fmt, delimiter in (('csv', ','), ('tsv', '\t')):
     assert (fmt == 'csv') == out.endswith('\r\n')
     for row, model in zip(rows, models, strict=True):
         for key, value in model.items():
-            got = {'rank': int, 'name': str, 'evidence': str}.get(key, number)(row[key]) \
-                if key != 'in_confidence_set' else row[key] == 'true'
+            got = {'rank': int, 'name': str, 'evidence': str, 'bic_source': str}.get(key, number)(row[key]) \
+                if key != 'in_confidence_set' else {'TRUE': True, 'FALSE': False}[row[key]]
             assert got == value, (fmt, key, got, value)
 
 
@@ -51,29 +52,53 @@ def paper(model):
 
 
 def cells(text, split, unescape, numeric):
-    out = [unescape(c.strip()) for c in split(text)]
-    return [numeric(c) if i not in (1, 8) else c for i, c in enumerate(out)]
+    out = [c.strip() for c in split(text)]
+    return [unescape(c) if i == 1 else c if i == 8 else numeric(c) for i, c in enumerate(out)]
 
 
-md = run('--format', 'markdown', '-', stdin=data.encode()).splitlines()
+def strict(escapes, specials):
+    """Undoes a format's escapes; a special character left bare fails."""
+    def unescape(cell):
+        out, i = '', 0
+        while i < len(cell):
+            token = next((t for t in escapes if cell.startswith(t, i)), None)
+            assert token or cell[i] not in specials, ('bare', cell[i], cell)
+            out, i = (out + escapes[token], i + len(token)) if token else (out + cell[i], i + 1)
+        return out
+    return unescape
+
+
+# Paper tables set a control character as a space.
+for model in models:
+    model['name'] = re.sub(r'[\x00-\x1f]', ' ', model['name'])
+every = ['--columns', 'rank,name,bic,delta_bic,weight,cumulative_weight,bayes_factor,'
+         'ln_bayes_factor,evidence,in_confidence_set']
+md = run('--format', 'markdown', *every, '-', stdin=data.encode()).splitlines()
 assert md[0].startswith('Table: ') and '(standard input)' in md[0]
-md_numeric = lambda c: re.sub(r'e\+0*(\d+)', r'e+0\1', c.replace('> 1.8e308', 'inf'))
+md_specials = '\\`*_[]<>|~^$@&'
+md_unescape = strict({'\\' + c: c for c in md_specials}, md_specials)
+md_numeric = lambda c: re.sub(r'e\+0*(\d+)', r'e+0\1', c.replace('>1.8e308', 'inf'))
 for line, model in zip(md[4:], models, strict=True):
     split = lambda t: re.split(r'(?<!\\)\|', t)[1:-1]
-    assert cells(line, split, lambda c: re.sub(r'\\(.)', r'\1', c), md_numeric) == paper(model), line
+    assert cells(line, split, md_unescape, md_numeric) == paper(model), line
 
-tex = run('--format', 'latex', '-', stdin=data.encode())
+tex = run('--format', 'latex', *every, '-', stdin=data.encode())
 assert '\\caption{' in tex and '\\toprule' in tex and '\\bottomrule' in tex
 body = tex.split('\\midrule\n')[1].split('    \\bottomrule')[0]
-latex_specials = {'\\textbackslash{}': '\\', '\\textasciitilde{}': '~', '\\textasciicircum{}': '^'}
-tex_unescape = lambda c: re.sub(r'\\([&%$#_{}])|\\text(backslash|asciitilde|asciicircum)\{\}',
-                                lambda m: m[1] or latex_specials[m[0]], c)
+tex_escapes = {'\\' + c: c for c in '&%$#_{}'}
+tex_escapes.update({'\\text%s{}' % n: c for n, c in (
+    ('backslash', '\\'), ('asciitilde', '~'), ('asciicircum', '^'), ('less', '<'), ('greater', '>'),
+    ('bar', '|'), ('asciigrave', '`'), ('quotesingle', "'"))})
+tex_escapes.update({'\\texttt{\\char34}': '"', '-{}': '-', '$\\beta$': 'β'})
+tex_unescape = strict(tex_escapes, '\\&%$#_{}~^<>|"`\'')
 def tex_numeric(c):
     m = re.fullmatch(r'\$(\S+) \\times 10\^\{(\d+)\}\$', c)
-    return ('%se+%02d' % m.groups()) if m else 'inf' if '308' in c else c.replace('$-$', '-')
+    return ('%se+%02d' % m.groups()) if m else 'inf' if '308' in c else \
+        c.replace('$-$', '-').replace('$<$', '<')
 for line, model in zip(body.strip().split('\\\\\n'), models, strict=True):
     split = lambda t: re.split(r'(?<!\\)&', t.rstrip(' \\\n'))
     assert cells(line, split, tex_unescape, tex_numeric) == paper(model), line
+    assert '--' not in line, line
 
 # The classic form stays as it was: every line of these files stands in its report.
 for count, name in (('3', 'worked-example'), ('2', 'two-models')):
@@ -102,6 +127,13 @@ for args in (['3', worked_file], ['--format', 'json', big.name], ['--help']):
     os.close(writer)
     assert done.returncode == 3 and b'Broken pipe' in done.stderr, (args, done)
 os.unlink(big.name)
+
+# A directory on standard input is an unreadable input, not an empty one.
+with tempfile.TemporaryDirectory() as folder:
+    fd = os.open(folder, os.O_RDONLY)
+    done = subprocess.run([program, '--format', 'csv', '-'], stdin=fd, capture_output=True)
+    os.close(fd)
+    assert done.returncode == 1 and b'Is a directory' in done.stderr, done
 
 # The report's time as the user's locale writes it, from glibc's own locale data: 12-hour in en_US, 24-hour in de_DE.
 with tempfile.TemporaryDirectory() as locales:

@@ -99,6 +99,7 @@ TEST(Run, EndsAsExpectedWhateverTheFileHolds) {
         {"2", "A\t99999999999\nB\t1e12\n", {kNoLowBicMessage}, 0, {}},
         {"2", "A\t99999999998.5\nB\t99999999999\n", {}, 2, {"0.5622"}},
         {"2", "A\t0.0001\nB\t3\n", {}, 2, {"+0.0001"}},
+        {"2", "A\t10\nB\t29.13\n", {}, 2, {"0.0001 "}}, // 0.00007 shows as 0.0001
         {"2", "A\t0.00009\nB\t-3\n", {zero}, 2, {"+0.0001", "-3.0"}},
         {"3", "", {zero}, 3, {"+0.0"}},
         {"5", joined(1024, [](int i) { return std::string(1, char(i % 256)); }), {zero}, 5, {}},
