@@ -11,6 +11,8 @@ packages=(
   xvfb xauth xdotool xclip x11-utils libx11-dev
   weston qt6-wayland dbus at-spi2-core python3-pyatspi python3-xlib
   imagemagick fonts-dejavu-core
+  r-base-core python3-pandas pandoc poppler-utils lmodern
+  texlive-latex-base texlive-latex-recommended texlive-latex-extra
   dpkg-dev file lintian desktop-file-utils appstream man-db bash-completion
 )
 

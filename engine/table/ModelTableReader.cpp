@@ -214,8 +214,9 @@ void splitFields(std::string_view line, char separator, std::int64_t number, Fie
         std::size_t close = 0;
         fields.views.push_back(unquoteField(line, start, number, fields, close));
         kept = fields.size();
-        const std::size_t after = line.find_first_not_of(' ', close + 1);
-        if (after == kNone) {
+        // Spaces after the quote are the separator in an aligned table, padding elsewhere.
+        const std::size_t after = spaced ? close + 1 : line.find_first_not_of(' ', close + 1);
+        if (after >= line.size()) {
             break;
         }
         if (spaced ? spaces.find(line[after]) == kNone : line[after] != separator) {

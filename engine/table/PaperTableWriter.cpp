@@ -317,10 +317,14 @@ private:
     std::vector<std::string_view> told_;
 };
 
+// Escaped for pandoc's Markdown and GitHub's, where each of these marks
+// something, and pandoc's smart typography would curl quotes and join dashes.
 std::string markdownText(std::string_view text) {
     std::string out;
-    for (const char c : text) {
-        if (std::string_view("\\`*_[]<>|~^$@&").find(c) != std::string_view::npos) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (std::string_view("\\`*_[]<>|~^$@&'\"").find(c) != std::string_view::npos ||
+            (c == '-' && text.substr(i + 1).starts_with('-'))) {
             out += '\\';
         }
         out += static_cast<unsigned char>(c) < 0x20U || c == 0x7F ? ' ' : c;

@@ -75,12 +75,13 @@ every = ['--columns', 'rank,name,bic,delta_bic,weight,cumulative_weight,bayes_fa
          'ln_bayes_factor,evidence,in_confidence_set']
 md = run('--format', 'markdown', *every, '-', stdin=data.encode()).splitlines()
 assert md[0].startswith('Table: ') and '(standard input)' in md[0]
-md_specials = '\\`*_[]<>|~^$@&'
-md_unescape = strict({'\\' + c: c for c in md_specials}, md_specials)
+md_specials = '\\`*_[]<>|~^$@&\'"'
+md_unescape = strict({'\\' + c: c for c in md_specials + '-'}, md_specials)
 md_numeric = lambda c: re.sub(r'e\+0*(\d+)', r'e+0\1', c.replace('>1.8e308', 'inf'))
 for line, model in zip(md[4:], models, strict=True):
     split = lambda t: re.split(r'(?<!\\)\|', t)[1:-1]
     assert cells(line, split, md_unescape, md_numeric) == paper(model), line
+    assert '--' not in line.replace('\\-', ''), line
 
 tex = run('--format', 'latex', *every, '-', stdin=data.encode())
 assert '\\caption{' in tex and '\\toprule' in tex and '\\bottomrule' in tex
@@ -99,6 +100,23 @@ for line, model in zip(body.strip().split('\\\\\n'), models, strict=True):
     split = lambda t: re.split(r'(?<!\\)&', t.rstrip(' \\\n'))
     assert cells(line, split, tex_unescape, tex_numeric) == paper(model), line
     assert '--' not in line, line
+
+# Files as R, pandas and Stata write them (fixtures/README.md): the BIC from its
+# column, not df or r.squared, the names from theirs, not pandas' index; from
+# log-likelihoods, R's BIC() to the last bit.
+fixtures = os.path.join(here, 'fixtures')
+with open(os.path.join(fixtures, 'loglik.csv')) as source:
+    r_bic = {row['Modnames']: float(row['BIC']) for row in csv.DictReader(source)}
+for name, extra in (('r-write-csv.csv', []), ('r-write-csv2.csv', []), ('r-write-table.txt', []),
+                    ('r-print.txt', []), ('broom-style.csv', []), ('pandas-index.csv', []),
+                    ('stata-estat-ic.txt', []),
+                    ('loglik.csv', ['--loglik-column', 'LL', '--params-column', 'K', '--nobs', '32'])):
+    got = json.loads(run('--format', 'json', '--sort', 'file', os.path.join(fixtures, name), *extra))
+    assert [m['name'] for m in got['models']] == list(r_bic), (name, got)
+    for m in got['models']:
+        exact = name == 'loglik.csv'
+        assert abs(m['bic'] - r_bic[m['name']]) <= (0 if exact else 1e-4), (name, m)
+        assert m['bic_source'] == ('computed' if exact else 'read'), (name, m)
 
 # The classic form stays as it was: every line of these files stands in its report.
 for count, name in (('3', 'worked-example'), ('2', 'two-models')):
