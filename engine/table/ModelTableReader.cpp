@@ -392,7 +392,10 @@ std::size_t findNameColumn(std::string_view text, const Layout& layout, std::int
             candidates.push_back(i);
         }
     }
-    if (candidates.size() == 1) {
+    if (candidates.size() <= 1) {
+        if (candidates.empty()) {
+            throw TableReadError(line, "no column is left for the models' names");
+        }
         return candidates.front();
     }
     std::vector<bool> holdsText(layout.fieldCount, false);
