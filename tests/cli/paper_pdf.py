@@ -5,7 +5,7 @@ import os, shutil, subprocess, sys, tempfile
 program, form = sys.argv[1], sys.argv[2]
 if not all(map(shutil.which, ('pdftotext', 'pdflatex' if form == 'latex' else 'pandoc'))):
     sys.exit(77)
-names = ['lm_age_sex_bmi', '50% & #{}\\', 'x*y|w<v[u]', 'a~b^c$d@e', 'a--b "c" \'d\'', 'Zürich']
+names = ['lm_full_interact_x2', '50% & #{}\\', 'x*y|w<v[u]', 'a~b^c$d@e', 'a--b "c" \'d\'', 'Zürich']
 bics = [2449.5, 2451.37, 2460.0, 2470.25, 3900.125, 2455.0]
 with tempfile.TemporaryDirectory() as folder:
     path = lambda name: os.path.join(folder, name)
