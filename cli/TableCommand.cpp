@@ -10,6 +10,7 @@
 #include "engine/table/ModelTableReader.hpp"
 #include "engine/table/NumberText.hpp"
 #include "engine/table/PaperTableWriter.hpp"
+#include "engine/table/SvgChartWriter.hpp"
 #include "engine/table/TableDocument.hpp"
 #include "engine/table/TableStatistics.hpp"
 #include "text/Utf8.hpp"
@@ -137,6 +138,9 @@ ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ost
         }
         break;
     }
+    case TableFormat::Svg:
+        writeSvgChart(text, table);
+        break;
     case TableFormat::Report: // written above
         break;
     }

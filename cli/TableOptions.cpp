@@ -11,13 +11,14 @@ namespace tovarin {
 
 namespace {
 
-constexpr std::array<std::pair<const char*, TableFormat>, 6> kFormats{{
+constexpr std::array<std::pair<const char*, TableFormat>, 7> kFormats{{
     {"report", TableFormat::Report},
     {"tsv", TableFormat::Tsv},
     {"csv", TableFormat::Csv},
     {"json", TableFormat::Json},
     {"markdown", TableFormat::Markdown},
     {"latex", TableFormat::Latex},
+    {"svg", TableFormat::Svg},
 }};
 constexpr std::array<std::pair<const char*, FieldSeparator>, 4> kSeparators{{
     {"tab", FieldSeparator::Tab},
@@ -103,8 +104,9 @@ std::optional<std::string> apply(TableOptions& options, const std::string& name,
         const auto format = named(kFormats, value);
         options.format = format.value_or(options.format);
         return format ? std::nullopt
-                      : std::optional<std::string>("unknown format " + quotedValue +
-                                                   " (report, tsv, csv, json, markdown or latex)");
+                      : std::optional<std::string>(
+                            "unknown format " + quotedValue +
+                            " (report, tsv, csv, json, markdown, latex or svg)");
     }
     if (name == "--count") {
         options.read.expectedCount = wholeNumber(value, kMaxCount);

@@ -12,7 +12,7 @@
 
 namespace tovarin {
 
-enum class TableFormat { Report, Tsv, Csv, Json, Markdown, Latex };
+enum class TableFormat { Report, Tsv, Csv, Json, Markdown, Latex, Svg };
 
 // `--format FORMAT [options] FILE`: how to read FILE (--count, --sep and the
 // column choices, for every format) and what table to write of it.
