@@ -8,7 +8,7 @@ JOBS ?= $(shell nproc)
 WERROR ?= OFF
 CMAKE_FLAGS = -DCMAKE_COMPILE_WARNING_AS_ERROR=$(WERROR)
 
-.PHONY: all deps configure build run test package bench format format-check clean
+.PHONY: all deps configure build run test package bench docs format format-check clean
 
 all: build
 
@@ -40,6 +40,10 @@ package: build
 
 bench: build
 	@bash scripts/bench.sh $(BUILD_DIR)
+
+# The README's chart, made by the built tovarin-report (a test checks it is current).
+docs: build
+	$(BUILD_DIR)/cli/tovarin-report --format svg examples/worked-example.txt >docs/worked-example-chart.svg
 
 # Every tracked C++ file as clang-format leaves it; format-check only tells.
 CXX_FILES = git ls-files '*.cpp' '*.hpp'

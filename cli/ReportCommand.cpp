@@ -68,6 +68,7 @@ tovarin-report --format FORMAT [options] FILE
     latex     table with booktabs rules, \small, a caption and a \label,
               rounded for a paper, set by pdflatex with \usepackage{booktabs}
               alone (a warning names a package a name's characters need)
+    svg       a figure of the weights, 85 mm wide (the 30 best models as bars)
 
   Table columns (fields of each JSON model): rank, name (whole), bic,
   delta_bic (BIC minus the lowest), weight (BIC posterior probability or
