@@ -10,7 +10,7 @@ packages=(
   clang-14 clang-format libclang-rt-14-dev locales
   xvfb xauth xdotool xclip x11-utils libx11-dev
   weston qt6-wayland dbus at-spi2-core python3-pyatspi python3-xlib
-  imagemagick fonts-dejavu-core
+  imagemagick fonts-dejavu-core librsvg2-bin
   r-base-core python3-pandas pandoc poppler-utils lmodern
   texlive-latex-base texlive-latex-recommended texlive-latex-extra
   dpkg-dev file lintian desktop-file-utils appstream man-db bash-completion
