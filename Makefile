@@ -66,7 +66,7 @@ FUZZ_SECONDS ?= 60
 
 sanitize: deps
 	CC=clang-14 CXX=clang++-14 cmake -S . -B $(SAN_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Debug $(CMAKE_FLAGS) \
-	  -DTOVARIN_BUILD_BENCH=OFF \
+	  -DTOVARIN_BUILD_BENCH=OFF -DTOVARIN_HARDENING=OFF \
 	  -DCMAKE_CXX_FLAGS="-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer" \
 	  -DCMAKE_EXE_LINKER_FLAGS="-fsanitize=address,undefined"
 	cmake --build $(SAN_DIR) -j $(JOBS)
@@ -77,6 +77,6 @@ sanitize: deps
 
 fuzz: deps
 	CC=clang-14 CXX=clang++-14 cmake -S . -B $(FUZZ_DIR) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo $(CMAKE_FLAGS) \
-	  -DTOVARIN_BUILD_GUI=OFF -DTOVARIN_BUILD_TESTS=OFF -DTOVARIN_BUILD_BENCH=OFF -DTOVARIN_BUILD_FUZZ=ON
+	  -DTOVARIN_BUILD_GUI=OFF -DTOVARIN_BUILD_TESTS=OFF -DTOVARIN_BUILD_BENCH=OFF -DTOVARIN_BUILD_FUZZ=ON -DTOVARIN_HARDENING=OFF
 	cmake --build $(FUZZ_DIR) -j $(JOBS)
 	@bash fuzz/run.sh $(FUZZ_DIR) $(FUZZ_SECONDS)
