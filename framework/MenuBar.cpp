@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QKeySequence>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
@@ -108,14 +109,14 @@ MenuBar::MenuBar(QObject* parent) : QObject(parent) {
     auto* app = qobject_cast<QApplication*>(QCoreApplication::instance());
     if (!app)
         return;
-    const auto refresh = [this] { updateEnabled(); };
     // Focus moving to another control or window changes what can act on an item.
-    connect(app, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        watchFocus(now);
-        updateEnabled();
-    });
-    connect(app, &QGuiApplication::focusWindowChanged, this, refresh);
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, refresh);
+    connect(app, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* now) { focusChanged(now); });
+    connect(app, &QGuiApplication::focusWindowChanged, this, [this] { focusChanged(nullptr); });
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
+            [this] { updateEnabled(); });
+    // F10 opens the first menu, as on other desktops; it is no key for the controls' filters.
+    addMenuShortcut(QKeySequence(Qt::Key_F10));
 }
 
 MenuBar::~MenuBar() {
@@ -209,6 +210,13 @@ void MenuBar::installOn(Window& window) {
     for (Menu& menu : menus_)
         bar->addMenu(widgetOf(menu));
     window.setMenuBar(bar);
+    auto* openFirst = new QAction(bar);
+    openFirst->setShortcut(QKeySequence(Qt::Key_F10));
+    connect(openFirst, &QAction::triggered, bar, [bar] {
+        if (!bar->actions().isEmpty())
+            bar->setActiveAction(bar->actions().constFirst());
+    });
+    window.addAction(openFirst);
     window.fitToContent();
     updateEnabled();
 }
@@ -222,7 +230,7 @@ void MenuBar::installShortcutsOn(QWidget& window) {
 
 void MenuBar::updateEnabled() {
     Window* front = frontWindow();
-    QWidget* focus = QApplication::focusWidget();
+    QWidget* focus = focusedControl();
     for (QAction* action : items_) {
         const ItemKind kind = kindOf(action);
         if (kind == ItemKind::Separator)
@@ -238,21 +246,46 @@ void MenuBar::trigger(const QAction& action) {
     if (Window* front = frontWindow(); front && front->handleMenuItem(action.objectName()))
         return;
     const ItemKind kind = kindOf(&action);
-    if (runEditItem(kind, QApplication::focusWidget()))
+    if (runEditItem(kind, focusedControl()))
         return;
     if (kind == ItemKind::Quit)
         quit(0);
 }
 
-void MenuBar::watchFocus(QWidget* focus) {
+QWidget* MenuBar::focusedControl() const {
+    const Window* front = frontWindow();
+    for (const QPointer<QWidget>& control : lastFocus_) {
+        if (control && control->window() == front)
+            return control;
+    }
+    return nullptr;
+}
+
+void MenuBar::focusChanged(QWidget* now) {
+    // The menu bar takes the focus while it is worked from the keyboard; the
+    // control it took it from is still the one the edit items serve.
+    if (now && !qobject_cast<QMenuBar*>(now)) {
+        std::erase_if(lastFocus_, [now](const QPointer<QWidget>& control) {
+            return !control || control->window() == now->window();
+        });
+        lastFocus_.emplace_back(now);
+    }
+    watch(focusedControl());
+    updateEnabled();
+}
+
+void MenuBar::watch(QWidget* control) {
+    if (control == watched_)
+        return;
+    watched_ = control;
     for (const QMetaObject::Connection& connection : focusConnections_)
         disconnect(connection);
     focusConnections_.clear();
     const auto refresh = [this] { updateEnabled(); };
-    if (auto* field = qobject_cast<QLineEdit*>(focus)) {
+    if (auto* field = qobject_cast<QLineEdit*>(control)) {
         focusConnections_.push_back(connect(field, &QLineEdit::selectionChanged, this, refresh));
         focusConnections_.push_back(connect(field, &QLineEdit::textChanged, this, refresh));
-    } else if (auto* area = qobject_cast<QTextEdit*>(focus)) {
+    } else if (auto* area = qobject_cast<QTextEdit*>(control)) {
         focusConnections_.push_back(connect(area, &QTextEdit::selectionChanged, this, refresh));
         focusConnections_.push_back(connect(area, &QTextEdit::textChanged, this, refresh));
         focusConnections_.push_back(connect(area, &QTextEdit::copyAvailable, this, refresh));

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <vector>
@@ -22,8 +23,9 @@ enum class ItemKind { Plain, Quit, About, Separator, Undo, Cut, Copy, Paste, Del
 // The tree is named actions; the menu widgets are made when a window first
 // installs the bar, so a program can start without them. Triggering an item runs the handler that
 // the frontmost window registered under the item's name; without one, an edit item acts on the
-// focused text control and the quit item quits. An item is enabled exactly when something can act
-// on it at that moment.
+// text control that last had the focus in that window and the quit item quits. An item is enabled
+// exactly when something can act on it at that moment. A text control is the one that last had the
+// focus in its window even while the menu bar has it, as a bar opened from the keyboard does.
 class MenuBar : public QObject {
     Q_OBJECT
 public:
@@ -60,10 +62,16 @@ private:
     Menu* findMenu(const QString& name);
     QMenu* widgetOf(Menu& menu);
     void trigger(const QAction& action);
-    // Follows the focused text control, whose state enables the Edit items.
-    void watchFocus(QWidget* focus);
+    // The control that last had the focus in the frontmost window, or null.
+    QWidget* focusedControl() const;
+    void focusChanged(QWidget* now);
+    // Follows the text control the edit items act on, whose state enables them.
+    void watch(QWidget* control);
     std::vector<Menu> menus_;
     std::vector<QAction*> items_;
+    // For each window, the control that last had the focus in it.
+    std::vector<QPointer<QWidget>> lastFocus_;
+    QPointer<QWidget> watched_;
     std::vector<QMetaObject::Connection> focusConnections_;
 };
 

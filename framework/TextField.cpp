@@ -1,5 +1,6 @@
 #include "framework/TextField.hpp"
 
+#include <QFocusEvent>
 #include <QKeyEvent>
 
 namespace tovarin::fw {
@@ -12,6 +13,17 @@ void TextField::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QLineEdit::keyPressEvent(event);
+}
+
+void TextField::focusOutEvent(QFocusEvent* event) {
+    // The menu bar takes the focus while it is worked from the keyboard; the
+    // selection stays for its edit items, as it does for a menu opened by the mouse.
+    if (event->reason() == Qt::MenuBarFocusReason) {
+        QFocusEvent kept(QEvent::FocusOut, Qt::PopupFocusReason);
+        QLineEdit::focusOutEvent(&kept);
+        return;
+    }
+    QLineEdit::focusOutEvent(event);
 }
 
 } // namespace tovarin::fw

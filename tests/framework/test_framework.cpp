@@ -1,11 +1,10 @@
-// The framework alone: the Edit items of the menu bar and failures in handlers.
+// The framework alone: pictures for each screen density and failures in handlers.
 #include "tests/QtTestMain.hpp"
 
 #include "engine/FileError.hpp"
 #include "framework/Application.hpp"
 #include "framework/Canvas.hpp"
 #include "framework/Dialogs.hpp"
-#include "framework/MenuBar.hpp"
 #include "framework/OneShotTimer.hpp"
 #include "framework/PictureFile.hpp"
 #include "framework/PushButton.hpp"
@@ -13,84 +12,26 @@
 #include "framework/TextField.hpp"
 #include "framework/Window.hpp"
 
-#include <QClipboard>
 #include <QTemporaryDir>
 
 using namespace tovarin::fw;
 
 class FrameworkTest : public QObject {
     Q_OBJECT
-    const std::pair<const char*, ItemKind> edits_[6] = {
-        {"EditUndo", ItemKind::Undo},    {"EditCut", ItemKind::Cut},
-        {"EditCopy", ItemKind::Copy},    {"EditPaste", ItemKind::Paste},
-        {"EditClear", ItemKind::Delete}, {"EditSelectAll", ItemKind::SelectAll}};
-    std::unique_ptr<MenuBar> bar_;
     Window* window_ = nullptr;
     TextField* field_ = nullptr;
     TextArea* area_ = nullptr;
 
 private slots:
-    // Each test, and each row, starts from a new bar and a new window with a field and an area.
+    // Each test starts from a new window with a field and an area.
     void init() {
         delete window_;
-        bar_ = std::make_unique<MenuBar>();
-        bar_->addMenu("EditMenu", "&Edit");
-        for (const auto& [item, kind] : edits_)
-            bar_->addItem("EditMenu", item, item, {}, kind);
         window_ = new Window(400, 300);
         field_ = new TextField(window_->content());
         area_ = new TextArea(window_->content());
         area_->move(0, 60);
-        bar_->installOn(*window_);
         window_->showWindow();
         QVERIFY(QTest::qWaitForWindowActive(window_));
-        QGuiApplication::clipboard()->clear();
-    }
-
-    // The focused control enables the Edit items by its state: "abc" typed (t),
-    // "c" selected (s), "xy" on the clipboard (p); shown as the letters of Undo,
-    // Cut, Copy, Paste, Delete, Select All. An item then acts on that control,
-    // which leaves its text and the clipboard, and Select All selects it all.
-    void editItems() {
-        const std::tuple<QString, QString, const char*, QString> rows[] = {
-            {"", "......", "", ""},
-            {"t", "U....A", "", ""},
-            {"ts", "UXC.DA", "", ""},
-            {"p", "...P..", "", ""},
-            {"tsp", "UXCPDA", "EditUndo", "|xy"},
-            {"tsp", "UXCPDA", "EditCut", "ab|c"},
-            {"tsp", "UXCPDA", "EditCopy", "abc|c"},
-            {"tsp", "UXCPDA", "EditPaste", "abxy|xy"},
-            {"tsp", "UXCPDA", "EditClear", "ab|xy"}};
-        for (const bool inArea : {false, true}) {
-            for (const auto& [state, enabled, item, after] : rows) {
-                init();
-                QWidget* target = inArea ? static_cast<QWidget*>(area_) : field_;
-                target->setFocus();
-                QTRY_COMPARE(QApplication::focusWidget(), target);
-                if (state.contains(u'p'))
-                    QGuiApplication::clipboard()->setText("xy");
-                if (state.contains(u't'))
-                    QTest::keyClicks(target, "abc");
-                if (state.contains(u's'))
-                    QTest::keyClick(target, Qt::Key_Left, Qt::ShiftModifier);
-                QString actual;
-                for (const auto& [name, kind] : edits_)
-                    actual += bar_->item(name)->isEnabled() ? QChar(u"UXCPDA"[actual.size()])
-                                                            : QChar(u'.');
-                if (*item) {
-                    bar_->item(item)->trigger();
-                    const QString text = inArea ? area_->toPlainText() : field_->text();
-                    actual += " " + text + "|" + QGuiApplication::clipboard()->text();
-                    bar_->item("EditSelectAll")->trigger();
-                    QCOMPARE(inArea ? area_->textCursor().selectedText() : field_->selectedText(),
-                             text);
-                }
-                const QString row =
-                    QString(inArea ? "area " : "field ") + state + " " + item + ": ";
-                QCOMPARE(row + actual, row + enabled + (*item ? " " + after : ""));
-            }
-        }
     }
 
     // A canvas draws the picture made for its screen: the plain one at one device pixel to the

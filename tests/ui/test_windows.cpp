@@ -15,7 +15,9 @@
 #include "ui/secondary/HelpText.hpp"
 #include "ui/secondary/helpWnd.hpp"
 
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QMenuBar>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QWindow>
@@ -52,6 +54,55 @@ void showReport(const QString& text) {
     window().ResultsFld()->setVisible(true);
     window().ResultsFld()->setPlainText(text);
     window().ResultsFld()->setFocus();
+}
+
+// Types the keys as a keyboard does: into the open menu, else into the focused control.
+void type(const QKeySequence& keys) {
+    for (int i = 0; i < keys.count(); ++i) {
+        QWidget* const menu = QApplication::activePopupWidget();
+        QTest::keyClick(menu ? menu : QApplication::focusWidget(), keys[i].key(),
+                        keys[i].keyboardModifiers());
+    }
+}
+
+// Opens the front window's Edit menu by the mouse or by keys; returns the menu on show.
+QMenu* openEditItems(const QString& how) {
+    QWidget* const control = QApplication::focusWidget();
+    if (how == "mouse") {
+        QMenuBar* const bar = qobject_cast<QMainWindow*>(control->window())->menuBar();
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(bar->actions()[1]).center());
+    } else {
+        type(QKeySequence(how));
+    }
+    return QTest::qWaitFor([] { return QApplication::activePopupWidget(); })
+               ? qobject_cast<QMenu*>(QApplication::activePopupWidget())
+               : nullptr;
+}
+
+// Sets up a state of the front window that the Edit items are tried in (see editItems).
+void setUpEditState(const QString& state) {
+    fw::TextField& field = *window().pFld();
+    fw::TextArea& area = *window().ResultsFld();
+    if (state == "Info") { // by its button, which brings it to the front
+        QTest::mousePress(window().helpBtn(), Qt::LeftButton);
+        QVERIFY(QTest::qWaitFor([] { return QApplication::activeWindow() != &window(); }));
+    }
+    if (state == "report" || state == "xy+2") {
+        showReport("xy");
+        area.moveCursor(QTextCursor::End);
+    }
+    field.setText(state == "4+2" ? "4" : "");
+    QTest::keyClicks(QApplication::focusWidget(),
+                     state == "42" ? "42" : (state.endsWith("+2") ? "2" : ""));
+    if (state == "report")
+        type(QKeySequence::SelectAll);
+    if (state == "4+2") {
+        showReport("xy");
+        field.setFocus();
+        field.cursorBackward(true);
+    }
+    if (state == "xy+2")
+        area.moveCursor(QTextCursor::Left, QTextCursor::KeepAnchor);
 }
 
 } // namespace
@@ -255,17 +306,14 @@ private slots:
         }
     }
 
-    // The main window's items and the help button bring the other windows to
-    // the front, and the front window decides which items are enabled.
+    // The main window's items bring the other windows to the front, and the
+    // front window decides which items are enabled.
     void frontWindowEnables() {
         for (const auto& [how, enabled] : {std::pair{"", "AboutItem FileQuit InfoItem"},
                                            {"InfoItem", "ControlItem FileQuit"},
-                                           {"helpBtn", "ControlItem FileQuit"},
                                            {"AboutItem", "FileQuit"}}) {
             init();
-            if (how == QLatin1String("helpBtn"))
-                QTest::mousePress(window().helpBtn(), Qt::LeftButton);
-            else if (*how)
+            if (*how)
                 MenuBar1().item(how)->trigger();
             QTRY_VERIFY(QApplication::activeWindow() &&
                         (!*how || QApplication::activeWindow() != &window()));
@@ -276,6 +324,49 @@ private slots:
                     actual << name;
             QCOMPARE(actual.join(u' '), how + QString(" ") + enabled);
             fw::instance<AboutWnd>().hide();
+        }
+    }
+
+    // The Edit menu opened by the mouse, its mnemonic, or F10 or Alt+F and Right enables the items
+    // by the control that last had the focus in the front window (the letters of Undo, Cut, Copy,
+    // Paste, Delete, Select All, with "7" on the clipboard), and act on it: with "2" typed behind
+    // the program's text and selected, each way of opening chooses the next item (count|clipboard|
+    // selection|results after). The key filters see none of it, so a paste into the count field
+    // leaves the report on show; Undo takes back the typing alone.
+    void editItems() {
+        const QString hows[] = {"mouse", "Alt+E", "F10, Right", "Alt+F, Right"};
+        for (const auto& [state, enabled, after] :
+             {std::tuple<QString, QString, QString>{"", "...P..", ""},
+              {"42", "U..P.A", ""},
+              {"report", ".XCPDA", ""},
+              {"Info", "...P.A", ""},
+              {"4+2", "UXCPDA", "4|7||xy 4|2||xy 42|2|2|xy 47|7||xy"},
+              {"xy+2", "UXCPDA", "|7||xy |2||xy |2|2|xy2 |7||xy7"}}) {
+            for (int i = 0; i < 4; ++i) {
+                init();
+                QGuiApplication::clipboard()->setText("7");
+                setUpEditState(state);
+                QWidget* const control = QApplication::focusWidget();
+                const QMenu* menu = openEditItems(hows[i]);
+                QVERIFY(menu && menu->actions() == MenuBar1().menu("EditMenu")->actions());
+                QString shown;
+                for (const QAction* action : menu->actions())
+                    if (!action->isSeparator())
+                        shown += action->isEnabled() ? u"UXCPDA"[shown.size()] : u'.';
+                if (!after.isEmpty())
+                    type(QKeySequence(QString("UTCPDA")[i]));
+                while (QWidget* open = QApplication::activePopupWidget())
+                    open->close();
+                control->setFocus();
+                if (!after.isEmpty())
+                    shown += " " + window().pFld()->text() + "|" +
+                             QGuiApplication::clipboard()->text() + "|" +
+                             control->inputMethodQuery(Qt::ImCurrentSelection).toString() + "|" +
+                             window().ResultsFld()->toPlainText();
+                QCOMPARE(state + " " + hows[i] + ": " + shown + " " + QString::number(beeps_),
+                         state + " " + hows[i] + ": " + enabled + " " +
+                             (after.isEmpty() ? "" : after.split(u' ')[i] + " ") + "0");
+            }
         }
     }
 
