@@ -82,6 +82,12 @@ int keyCode(const QKeyEvent& event) {
     return static_cast<int>(character);
 }
 
+bool isContextMenuKey(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    return (event.key() == Qt::Key_Menu && modifiers == Qt::NoModifier) ||
+           (event.key() == Qt::Key_F10 && modifiers == Qt::ShiftModifier);
+}
+
 void addMenuShortcut(const QKeySequence& shortcut) {
     if (shortcut.count() == 1)
         menuShortcuts().push_back(shortcut[0]);

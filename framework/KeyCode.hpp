@@ -35,6 +35,10 @@ enum Code : int {
 // filter refuses it.
 int keyCode(const QKeyEvent& event);
 
+// True for the keys that open a text control's context menu: the Menu key and
+// Shift+F10.
+bool isContextMenuKey(const QKeyEvent& event);
+
 // Makes a shortcut of the menu bar known, so that it passes the key filters
 // and reaches the menu or the text control that answers it.
 void addMenuShortcut(const QKeySequence& shortcut);

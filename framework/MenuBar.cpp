@@ -14,6 +14,8 @@
 #include <QTextEdit>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace tovarin::fw {
 namespace {
 
@@ -92,6 +94,10 @@ bool editItemEnabled(ItemKind kind, QWidget* focus) {
     return false;
 }
 
+bool isEditKind(ItemKind kind) {
+    return editItem(kind) != nullptr;
+}
+
 bool runEditItem(ItemKind kind, QWidget* focus) {
     if (!editItemEnabled(kind, focus))
         return false;
@@ -126,6 +132,7 @@ MenuBar::~MenuBar() {
         return;
     for (const Menu& menu : menus_)
         delete menu.widget;
+    delete textMenu_;
 }
 
 void MenuBar::addMenu(const QString& name, const QString& caption) {
@@ -203,6 +210,26 @@ QAction* MenuBar::item(const QString& name) {
     return nullptr;
 }
 
+QMenu* MenuBar::textMenu() {
+    if (textMenu_)
+        return textMenu_;
+    // The edit items in the order of their menu, with the separators between them.
+    for (Menu& menu : menus_) {
+        const auto isEdit = [](const QAction* a) { return isEditKind(kindOf(a)); };
+        if (std::none_of(menu.items.begin(), menu.items.end(), isEdit))
+            continue;
+        textMenu_ = new QMenu();
+        textMenu_->setObjectName(QStringLiteral("TextMenu"));
+        for (QAction* action : menu.items) {
+            if (isEdit(action) || action->isSeparator())
+                textMenu_->addAction(action);
+        }
+        connect(textMenu_, &QMenu::aboutToShow, this, [this] { updateEnabled(); });
+        break;
+    }
+    return textMenu_;
+}
+
 void MenuBar::installOn(Window& window) {
     auto* bar = new QMenuBar(&window);
     // Kept inside the window on every desktop, so the content size holds.
@@ -210,6 +237,7 @@ void MenuBar::installOn(Window& window) {
     for (Menu& menu : menus_)
         bar->addMenu(widgetOf(menu));
     window.setMenuBar(bar);
+    window.setTextMenu(textMenu());
     auto* openFirst = new QAction(bar);
     openFirst->setShortcut(QKeySequence(Qt::Key_F10));
     connect(openFirst, &QAction::triggered, bar, [bar] {

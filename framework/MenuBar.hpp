@@ -46,6 +46,9 @@ public:
 
     // Shows this tree on the window: the same menus and items on every window.
     void installOn(Window& window);
+    // The context menu of the text controls: the edit items themselves, so that they are enabled
+    // and act as in the menu bar. Null when the tree has no edit items.
+    QMenu* textMenu();
     // Makes the quit shortcut work on a window that shows no menu bar.
     void installShortcutsOn(QWidget& window);
 
@@ -69,6 +72,7 @@ private:
     void watch(QWidget* control);
     std::vector<Menu> menus_;
     std::vector<QAction*> items_;
+    QMenu* textMenu_ = nullptr;
     // For each window, the control that last had the focus in it.
     std::vector<QPointer<QWidget>> lastFocus_;
     QPointer<QWidget> watched_;

@@ -1,5 +1,8 @@
 #include "framework/TextArea.hpp"
 
+#include "framework/Window.hpp"
+
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -33,11 +36,22 @@ QStringList splitLines(const QString& text) {
 TextArea::TextArea(QWidget* parent) : QTextEdit(parent) {}
 
 void TextArea::keyPressEvent(QKeyEvent* event) {
+    // Where the platform makes no context menu event of these keys, the control does.
+    if (isContextMenuKey(*event) &&
+        popUpTextMenu(*this, viewport()->mapToGlobal(cursorRect().center()))) {
+        event->accept();
+        return;
+    }
     if (offerKey(keyDown_, *event)) {
         event->accept();
         return;
     }
     QTextEdit::keyPressEvent(event);
+}
+
+void TextArea::contextMenuEvent(QContextMenuEvent* event) {
+    if (!popUpTextMenu(*this, event->globalPos()))
+        QTextEdit::contextMenuEvent(event);
 }
 
 void TextArea::appendPlain(const QString& text) {

@@ -1,5 +1,8 @@
 #include "framework/TextField.hpp"
 
+#include "framework/Window.hpp"
+
+#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
 
@@ -8,11 +11,21 @@ namespace tovarin::fw {
 TextField::TextField(QWidget* parent) : QLineEdit(parent) {}
 
 void TextField::keyPressEvent(QKeyEvent* event) {
+    // Where the platform makes no context menu event of these keys, the control does.
+    if (isContextMenuKey(*event) && popUpTextMenu(*this, mapToGlobal(cursorRect().center()))) {
+        event->accept();
+        return;
+    }
     if (offerKey(keyDown_, *event)) {
         event->accept();
         return;
     }
     QLineEdit::keyPressEvent(event);
+}
+
+void TextField::contextMenuEvent(QContextMenuEvent* event) {
+    if (!popUpTextMenu(*this, event->globalPos()))
+        QLineEdit::contextMenuEvent(event);
 }
 
 void TextField::focusOutEvent(QFocusEvent* event) {

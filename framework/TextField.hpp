@@ -15,6 +15,8 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    // The window's text menu, the menu bar's own edit items, instead of the toolkit's.
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:

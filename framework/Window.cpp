@@ -104,6 +104,16 @@ bool Window::handleMenuItem(const QString& itemName) {
     return runHandler(handler);
 }
 
+bool popUpTextMenu(QWidget& control, const QPoint& globalPos) {
+    const auto* window = qobject_cast<const Window*>(control.window());
+    QMenu* menu = window ? window->textMenu() : nullptr;
+    if (!menu)
+        return false;
+    control.setFocus(Qt::OtherFocusReason);
+    menu->popup(globalPos);
+    return true;
+}
+
 void Window::closeEvent(QCloseEvent* event) {
     closing_ = true;
     runAction([this] { Event_Close(); });

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QMainWindow>
+#include <QMenu>
+#include <QPointer>
 #include <QString>
 
 #include <functional>
@@ -39,6 +41,10 @@ public:
     // Runs the handler registered for the item; false if there is none or it declined.
     bool handleMenuItem(const QString& itemName);
 
+    // The context menu of the window's text controls; the menu bar the window shows sets it.
+    void setTextMenu(QMenu* menu) { textMenu_ = menu; }
+    QMenu* textMenu() const { return textMenu_; }
+
     // The widget that holds the controls; its size is the content size.
     QWidget* content() const { return content_; }
 
@@ -72,8 +78,13 @@ private:
     bool fixedSize_ = false;
     bool watchingState_ = false;
     std::map<QString, std::function<bool()>> menuHandlers_;
+    QPointer<QMenu> textMenu_;
     bool closing_ = false;
 };
+
+// Opens the text menu of the control's window at `globalPos`, with the focus on
+// the control, which its items then act on. False when the window has none.
+bool popUpTextMenu(QWidget& control, const QPoint& globalPos);
 
 // The open instance of W (hidden counts as open), or a new one. No caller keeps
 // the pointer: each use asks again, so there is never a second instance.

@@ -16,6 +16,7 @@
 #include "ui/secondary/helpWnd.hpp"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QMenuBar>
 #include <QTemporaryDir>
@@ -65,12 +66,18 @@ void type(const QKeySequence& keys) {
     }
 }
 
-// Opens the front window's Edit menu by the mouse or by keys; returns the menu on show.
+// Opens the front window's Edit menu by the mouse or by keys, or the focused control's text menu
+// by a right click; returns the menu on show.
 QMenu* openEditItems(const QString& how) {
     QWidget* const control = QApplication::focusWidget();
     if (how == "mouse") {
         QMenuBar* const bar = qobject_cast<QMainWindow*>(control->window())->menuBar();
         QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(bar->actions()[1]).center());
+    } else if (how == "right") {
+        const auto* area = qobject_cast<QTextEdit*>(control);
+        QContextMenuEvent click(QContextMenuEvent::Mouse, {5, 5},
+                                control->mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(area ? area->viewport() : control, &click);
     } else {
         type(QKeySequence(how));
     }
@@ -327,22 +334,23 @@ private slots:
         }
     }
 
-    // The Edit menu opened by the mouse, its mnemonic, or F10 or Alt+F and Right enables the items
-    // by the control that last had the focus in the front window (the letters of Undo, Cut, Copy,
-    // Paste, Delete, Select All, with "7" on the clipboard), and act on it: with "2" typed behind
-    // the program's text and selected, each way of opening chooses the next item (count|clipboard|
+    // The Edit menu opened by the mouse, its mnemonic, F10 or Alt+F and Right, and the text menu
+    // opened by the Menu key or a right click (the Edit items themselves) enable the items by the
+    // control that last had the focus in the front window (the letters of Undo, Cut, Copy, Paste,
+    // Delete, Select All, with "7" on the clipboard), and act on it: with "2" typed behind the
+    // program's text and selected, each way of opening chooses the next item (count|clipboard|
     // selection|results after). The key filters see none of it, so a paste into the count field
     // leaves the report on show; Undo takes back the typing alone.
     void editItems() {
-        const QString hows[] = {"mouse", "Alt+E", "F10, Right", "Alt+F, Right"};
+        const QString hows[] = {"mouse", "Alt+E", "F10, Right", "Alt+F, Right", "Menu", "right"};
         for (const auto& [state, enabled, after] :
              {std::tuple<QString, QString, QString>{"", "...P..", ""},
               {"42", "U..P.A", ""},
               {"report", ".XCPDA", ""},
               {"Info", "...P.A", ""},
-              {"4+2", "UXCPDA", "4|7||xy 4|2||xy 42|2|2|xy 47|7||xy"},
-              {"xy+2", "UXCPDA", "|7||xy |2||xy |2|2|xy2 |7||xy7"}}) {
-            for (int i = 0; i < 4; ++i) {
+              {"4+2", "UXCPDA", "4|7||xy 4|2||xy 42|2|2|xy 47|7||xy 4|7||xy 42|7|42|xy"},
+              {"xy+2", "UXCPDA", "|7||xy |2||xy |2|2|xy2 |7||xy7 |7||xy |7|xy2|xy2"}}) {
+            for (int i = 0; i < 6; ++i) {
                 init();
                 QGuiApplication::clipboard()->setText("7");
                 setUpEditState(state);
