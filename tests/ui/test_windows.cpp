@@ -9,6 +9,7 @@
 #include "framework/Dialogs.hpp"
 #include "framework/KeyCode.hpp"
 #include "framework/PictureFile.hpp"
+#include "ui/AppPictures.hpp"
 #include "ui/MenuBar1.hpp"
 #include "ui/main/ControlWnd.hpp"
 #include "ui/secondary/AboutWnd.hpp"
@@ -203,31 +204,31 @@ private slots:
     }
 
     // Command keys are keys like others, refused by both filters, but for the menu bar's own
-    // shortcuts.
+    // shortcuts; Shift+Tab is Tab. Beeps and the results after, in the count field|in the results.
     void commandKeys() {
         for (const bool countField : {true, false}) {
-            for (const auto& [key, modifiers, shortcut] :
-                 {std::tuple<Qt::Key, Qt::KeyboardModifiers, bool>{Qt::Key_S, Qt::ControlModifier,
-                                                                   false},
-                  {Qt::Key_O, Qt::ControlModifier, false},
-                  {Qt::Key_N, Qt::ControlModifier, false},
-                  {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, false},
-                  {Qt::Key_A, Qt::ControlModifier, true}}) {
+            for (const auto& [key, modifiers, after] :
+                 {std::tuple<Qt::Key, Qt::KeyboardModifiers, QString>{
+                      Qt::Key_S, Qt::ControlModifier, "1 |1 xy"},
+                  {Qt::Key_O, Qt::ControlModifier, "1 |1 xy"},
+                  {Qt::Key_N, Qt::ControlModifier, "1 |1 xy"},
+                  {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "1 |1 xy"},
+                  {Qt::Key_A, Qt::ControlModifier, "0 xy|0 xy"},
+                  {Qt::Key_Backtab, Qt::ShiftModifier, "0 |0 xy"}}) {
                 init();
                 showReport("xy");
                 QWidget* field =
                     countField ? static_cast<QWidget*>(window().pFld()) : window().ResultsFld();
                 field->setFocus();
                 // With the control character as text, as X11 and Wayland give it.
-                QTest::sendKeyEvent(QTest::Click, field, key, QString(QChar(key - Qt::Key_A + 1)),
+                QTest::sendKeyEvent(QTest::Click, field, key,
+                                    key <= Qt::Key_Z ? QString(QChar(key - Qt::Key_A + 1)) : "",
                                     modifiers);
                 const QString row = QString("%1 %2: ")
                                         .arg(countField ? "pFld" : "ResultsFld")
                                         .arg(QKeySequence(key | modifiers).toString());
                 QCOMPARE(row + QString::number(beeps_) + " " + window().ResultsFld()->toPlainText(),
-                         row + (shortcut     ? "0 xy"
-                                : countField ? "1 "
-                                             : "1 xy"));
+                         row + after.split(u'|')[countField ? 0 : 1]);
             }
         }
     }
@@ -376,6 +377,22 @@ private slots:
                              (after.isEmpty() ? "" : after.split(u' ')[i] + " ") + "0");
             }
         }
+    }
+
+    // A window on a screen of another density gets that density's picture, the plain or the @2x
+    // one, whichever was asked for first.
+    void picturesForEachDensity() {
+        QTemporaryDir folder;
+        for (const QString name : {"Tovarinbanner", "Icon256"}) {
+            QVERIFY(QImage(6, 4, QImage::Format_RGB32).save(folder.filePath(name + ".png")));
+            QVERIFY(QImage(12, 8, QImage::Format_RGB32).save(folder.filePath(name + "@2x.png")));
+        }
+        fw::setPictureFolder(folder.path());
+        for (const qreal ratio : {1.0, 2.0, 1.0}) {
+            QCOMPARE(Tovarinbanner(ratio).devicePixelRatio(), ratio);
+            QCOMPARE(Icon256(3 - ratio).devicePixelRatio(), 3 - ratio);
+        }
+        fw::setPictureFolder(folder_.path());
     }
 
     // Asked to maximise or fill the screen, as a title bar that the toolkit draws asks (Wayland),
