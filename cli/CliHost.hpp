@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/report/AnalysisHost.hpp"
+#include "system/Files.hpp"
 
 #include <filesystem>
 #include <ostream>
@@ -9,11 +10,12 @@
 namespace tovarin {
 
 // The command line as an analysis host: the count and the file come from the
-// arguments, the report goes to `out` and the messages to `err`.
+// arguments (the file's name as UTF-8 text), the report goes to `out` and the
+// messages to `err`.
 class CliHost : public AnalysisHost {
 public:
-    CliHost(std::string count, std::filesystem::path file, std::ostream& out, std::ostream& err)
-        : count_(std::move(count)), file_(std::move(file)), out_(out), err_(err) {}
+    CliHost(std::string count, std::string_view file, std::ostream& out, std::ostream& err)
+        : count_(std::move(count)), file_(sys::pathFromUtf8(file)), out_(out), err_(err) {}
 
     std::string countText() const override { return count_; }
     void showMessage(const std::string& text) override;

@@ -2,6 +2,7 @@
 
 #include "engine/ByteSource.hpp"
 #include "engine/FileError.hpp"
+#include "system/Files.hpp"
 
 #include <array>
 #include <cerrno>
@@ -50,7 +51,7 @@ std::string readInputText(const std::string& operand) {
         StdinSource source;
         return readAll(source);
     }
-    FileSource source(operand);
+    FileSource source(sys::pathFromUtf8(operand));
     return readAll(source);
 }
 
@@ -59,7 +60,8 @@ std::string inputMessageName(const std::string& operand) {
 }
 
 std::string inputDocumentName(const std::string& operand) {
-    return operand == "-" ? kStandardInput : std::filesystem::path(operand).filename().string();
+    return operand == "-" ? kStandardInput
+                          : sys::utf8FromPath(sys::pathFromUtf8(operand).filename());
 }
 
 } // namespace tovarin

@@ -1,11 +1,10 @@
 #include "cli/OutputBuffer.hpp"
 
-#include <cerrno>
-#include <unistd.h>
+#include "system/Console.hpp"
 
 namespace tovarin {
 
-OutputBuffer::OutputBuffer(int fd) : fd_(fd) {
+OutputBuffer::OutputBuffer() {
     setp(buffer_.data(), buffer_.data() + buffer_.size());
 }
 
@@ -14,17 +13,8 @@ OutputBuffer::~OutputBuffer() {
 }
 
 bool OutputBuffer::flushBuffer() {
-    const char* next = pbase();
-    while (error_ == 0 && next < pptr()) {
-        const ssize_t written = ::write(fd_, next, static_cast<std::size_t>(pptr() - next));
-        if (written < 0 && errno == EINTR) {
-            continue;
-        }
-        if (written <= 0) {
-            error_ = written < 0 ? errno : EIO;
-            break;
-        }
-        next += written;
+    if (error_ == 0 && pptr() > pbase()) {
+        error_ = sys::writeStandardOutput(pbase(), static_cast<std::size_t>(pptr() - pbase()));
     }
     setp(buffer_.data(), buffer_.data() + buffer_.size());
     return error_ == 0;

@@ -5,11 +5,11 @@
 
 namespace tovarin {
 
-// A stream buffer over a file descriptor that remembers why a write failed,
+// A stream buffer over standard output that remembers why a write failed,
 // so that a full disk or a closed pipe can be reported with its reason.
 class OutputBuffer : public std::streambuf {
 public:
-    explicit OutputBuffer(int fd);
+    OutputBuffer();
     ~OutputBuffer() override;
     OutputBuffer(const OutputBuffer&) = delete;
     OutputBuffer& operator=(const OutputBuffer&) = delete;
@@ -25,7 +25,6 @@ private:
     bool flushBuffer();
 
     static constexpr std::size_t kBytes = 64 * 1024;
-    int fd_;
     int error_ = 0;
     std::array<char, kBytes> buffer_{};
 };

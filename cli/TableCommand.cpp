@@ -13,6 +13,7 @@
 #include "engine/table/SvgChartWriter.hpp"
 #include "engine/table/TableDocument.hpp"
 #include "engine/table/TableStatistics.hpp"
+#include "system/Files.hpp"
 #include "text/Utf8.hpp"
 
 #include <algorithm>
@@ -51,7 +52,8 @@ ExitStatus writeClassicReport(const TableOptions& options, const std::vector<Tab
         set.row(i).bic = model.bic;
     }
     CliHost host(std::to_string(set.modelCount), inputDocumentName(options.file), out, err);
-    if (reportModelSet(host, set, inputDocumentName(options.file), "\n") != RunEnd::Report) {
+    if (reportModelSet(host, set, sys::pathFromUtf8(inputDocumentName(options.file)), "\n") !=
+        RunEnd::Report) {
         return ExitStatus::NoResult;
     }
     return ExitStatus::Done;

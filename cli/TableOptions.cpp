@@ -1,5 +1,7 @@
 #include "cli/TableOptions.hpp"
 
+#include "system/Files.hpp"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -219,7 +221,7 @@ std::optional<std::string> checkTogether(const TableOptions& options,
 
 // The label of a LaTeX table unless one is given: "tab:" and the file's stem.
 std::string defaultLabel(const std::string& operand) {
-    std::string stem = operand == "-" ? "" : std::filesystem::path(operand).stem().string();
+    std::string stem = operand == "-" ? "" : sys::utf8FromPath(sys::pathFromUtf8(operand).stem());
     for (char& c : stem) {
         c = kLabelCharacters.find(c) == std::string_view::npos ? '-' : c;
     }

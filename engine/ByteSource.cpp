@@ -1,6 +1,7 @@
 #include "engine/ByteSource.hpp"
 
 #include "engine/FileError.hpp"
+#include "system/Files.hpp"
 
 #include <algorithm>
 #include <cerrno>
@@ -19,7 +20,7 @@ std::string systemReason(int error) {
 
 FileSource::FileSource(std::filesystem::path file) : file_(std::move(file)) {
     errno = 0;
-    stream_.reset(std::fopen(file_.c_str(), "rb"));
+    stream_.reset(sys::openForReading(file_));
     if (!stream_) {
         throw FileError(file_, errno != 0 ? systemReason(errno) : "cannot be opened");
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "system/Files.hpp"
+
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -10,8 +12,8 @@ namespace tovarin {
 class FileError : public std::runtime_error {
 public:
     FileError(const std::filesystem::path& file, const std::string& reason)
-        : std::runtime_error("Cannot read \"" + file.string() + "\": " + reason), file_(file),
-          reason_(reason) {}
+        : std::runtime_error("Cannot read \"" + sys::utf8FromPath(file) + "\": " + reason),
+          file_(file), reason_(reason) {}
 
     const std::filesystem::path& file() const { return file_; }
     const std::string& reason() const { return reason_; }

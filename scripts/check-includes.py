@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Fails when two folders include each other, directly or round a longer loop:
-the layers (text, engine, framework, ui, app, cli) each build on those below."""
+the layers (text, system, engine, framework, ui, app, cli) each build on those below."""
 import collections, os, re, subprocess, sys
 
 os.chdir(os.path.join(os.path.dirname(os.path.abspath(__file__)), '..'))

@@ -2,7 +2,7 @@
 # The size of the tests against the product code, in non-blank lines of the
 # files git tracks, C++ counted as clang-format leaves it (packing lines past
 # the formatter changes nothing): every file under tests/, against the sources
-# under engine/ text/ framework/ ui/ app/ cli/ web/, the help text's data
+# under engine/ text/ system/ framework/ ui/ app/ cli/ web/, the help text's data
 # (files named *helptext*, in any case) left out.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -17,7 +17,7 @@ non_blank() { # FILE... -> the number of non-blank lines in all of them
     done | grep -c -v '^[[:space:]]*$' || true
 }
 mapfile -t test_files < <(git ls-files -- tests)
-mapfile -t product_files < <(git ls-files -- engine text framework ui app cli web |
+mapfile -t product_files < <(git ls-files -- engine text system framework ui app cli web |
     grep -E '\.(cpp|hpp|h|js|mjs|html|css)$' | grep -v -i -E '(^|/)[^/]*helptext[^/]*$')
 tests=$(non_blank "${test_files[@]}")
 product=$(non_blank "${product_files[@]}")

@@ -2,6 +2,7 @@
 
 #include "engine/Version.hpp"
 #include "engine/report/ReportCells.hpp"
+#include "system/Files.hpp"
 #include "text/Format.hpp"
 
 #include <string_view>
@@ -58,7 +59,7 @@ void writeReport(AnalysisHost& host, const ModelSet& set, const std::filesystem:
 
     const DateTimeText now = host.currentDateTime();
     piece.append("Date: ").append(now.shortDate).append("  ").append(now.shortTime);
-    piece.append(lineEnd).append("File: ").append(dataFile.filename().string());
+    piece.append(lineEnd).append("File: ").append(sys::utf8FromPath(dataFile.filename()));
     piece.append(lineEnd).append(lineEnd);
     host.appendResults(piece);
 

@@ -9,8 +9,8 @@
 #include "engine/report/BicStatistics.hpp"
 #include "engine/report/DataFileReader.hpp"
 #include "engine/report/LineReader.hpp"
-#include "engine/report/LocalDateTime.hpp"
 #include "engine/report/Messages.hpp"
+#include "system/ShortTimeFormat.hpp"
 
 #include <gtest/gtest.h>
 
@@ -307,7 +307,7 @@ TEST(LocalDateTime, ShortTimeKeepsTheLocaleFormWithoutSeconds) {
         {"%H.%M.%S", "", "%H.%M"},
         {"", "", "%H:%M"}};
     for (const auto& [timeFormat, amPm, expected] : cases)
-        EXPECT_EQ(shortTimeFormat(timeFormat, amPm), expected) << timeFormat;
+        EXPECT_EQ(sys::shortTimeFormat(timeFormat, amPm), expected) << timeFormat;
 }
 
 } // namespace
