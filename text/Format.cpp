@@ -1,5 +1,7 @@
 #include "text/Format.hpp"
 
+#include "text/DoubleChars.hpp"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -78,8 +80,7 @@ std::string_view roundedDigits(double magnitude, int decimals, FormatBuffer& buf
         }
         return {start, static_cast<std::size_t>(end - start)};
     }
-    const auto result =
-        std::to_chars(start, bufferEnd, magnitude, std::chars_format::fixed, decimals);
+    const auto result = doubleToFixed(start, bufferEnd, magnitude, decimals);
     return {start, static_cast<std::size_t>(result.ptr - start)};
 }
 

@@ -1,5 +1,7 @@
 #include "text/Val.hpp"
 
+#include "text/DoubleChars.hpp"
+
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -96,7 +98,7 @@ double Val(std::string_view text) {
     const char* first = text.data() + numberStart;
     const char* last = text.data() + end;
     double value = 0.0;
-    const auto [ptr, ec] = std::from_chars(first, last, value, std::chars_format::general);
+    const auto [ptr, ec] = doubleFromChars(first, last, value);
     (void)ptr;
     if (ec == std::errc::result_out_of_range) {
         value = magnitudeAtLeastOne(intDigits, fracDigits, exponent)

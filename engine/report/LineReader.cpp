@@ -12,9 +12,10 @@ constexpr std::size_t kBufferBytes = 16 * 1024;
 
 } // namespace
 
+// The buffer is left uninitialised, as make_unique_for_overwrite would leave it
+// (which Emscripten's libc++ lacks): fill() writes before anything is read.
 LineReader::LineReader(ByteSource& source, std::size_t maxLineBytes)
-    : source_(source), maxLineBytes_(maxLineBytes),
-      buffer_(std::make_unique_for_overwrite<char[]>(kBufferBytes)) {}
+    : source_(source), maxLineBytes_(maxLineBytes), buffer_(new char[kBufferBytes]) {}
 
 bool LineReader::fill() {
     if (atEnd_) {

@@ -1,5 +1,6 @@
 #include "engine/table/ModelTableReader.hpp"
 
+#include "text/DoubleChars.hpp"
 #include "text/Utf8.hpp"
 
 #include <algorithm>
@@ -34,7 +35,7 @@ struct DoubleRead {
 
 DoubleRead readDouble(std::string_view text) {
     DoubleRead read;
-    const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), read.value);
+    const auto [end, ec] = doubleFromChars(text.data(), text.data() + text.size(), read.value);
     read.whole = end == text.data() + text.size();
     read.error = ec;
     return read;

@@ -1,7 +1,8 @@
 #include "engine/table/NumberText.hpp"
 
+#include "text/DoubleChars.hpp"
+
 #include <array>
-#include <charconv>
 
 namespace tovarin {
 
@@ -10,27 +11,27 @@ namespace {
 // Room for any double in any of the forms below with up to 20 decimals.
 constexpr std::size_t kBufferSize = 400;
 
-template <typename... Format> std::string toText(double value, Format... format) {
-    std::array<char, kBufferSize> buffer; // NOLINT: to_chars fills what is read
-    const auto result =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format...);
-    return {buffer.data(), result.ptr};
-}
+using Buffer = std::array<char, kBufferSize>;
 
 } // namespace
 
 std::string shortestText(double value) {
-    return toText(value);
+    Buffer buffer; // NOLINT: the writer fills what is read
+    return {buffer.data(),
+            doubleToShortest(buffer.data(), buffer.data() + buffer.size(), value).ptr};
 }
 
 void appendShortest(std::string& out, double value) {
-    std::array<char, kBufferSize> buffer; // NOLINT: to_chars fills what is read
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    Buffer buffer; // NOLINT: the writer fills what is read
+    const auto result = doubleToShortest(buffer.data(), buffer.data() + buffer.size(), value);
     out.append(buffer.data(), result.ptr);
 }
 
 std::string fixedText(double value, int decimals) {
-    std::string text = toText(value, std::chars_format::fixed, decimals);
+    Buffer buffer; // NOLINT: the writer fills what is read
+    std::string text(
+        buffer.data(),
+        doubleToFixed(buffer.data(), buffer.data() + buffer.size(), value, decimals).ptr);
     if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string::npos) {
         text.erase(0, 1);
     }
@@ -38,7 +39,9 @@ std::string fixedText(double value, int decimals) {
 }
 
 std::string scientificText(double value, int digits) {
-    return toText(value, std::chars_format::scientific, digits);
+    Buffer buffer; // NOLINT: the writer fills what is read
+    return {buffer.data(),
+            doubleToScientific(buffer.data(), buffer.data() + buffer.size(), value, digits).ptr};
 }
 
 } // namespace tovarin
