@@ -62,7 +62,7 @@ SAN_DIR ?= build-sanitize
 FUZZ_DIR ?= build-fuzz
 FUZZ_SECONDS ?= 60
 
-.PHONY: sanitize fuzz
+.PHONY: sanitize fuzz portable
 
 sanitize: deps
 	CC=clang-14 CXX=clang++-14 cmake -S . -B $(SAN_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Debug $(CMAKE_FLAGS) \
@@ -80,3 +80,10 @@ fuzz: deps
 	  -DTOVARIN_BUILD_GUI=OFF -DTOVARIN_BUILD_TESTS=OFF -DTOVARIN_BUILD_BENCH=OFF -DTOVARIN_BUILD_FUZZ=ON -DTOVARIN_HARDENING=OFF
 	cmake --build $(FUZZ_DIR) -j $(JOBS)
 	@bash fuzz/run.sh $(FUZZ_DIR) $(FUZZ_SECONDS)
+
+# The core and tovarin-report with the other toolchains that run here
+# (toolchains/): Clang with libc++ as on macOS, MinGW-w64 for Windows under
+# Wine, Emscripten under Node, each in a folder of its own (build-libcxx/,
+# build-windows/, build-wasm/) and held against this build's tovarin-report.
+portable: configure
+	@JOBS=$(JOBS) bash toolchains/portable.sh $(BUILD_DIR)

@@ -14,6 +14,8 @@ packages=(
   r-base-core python3-pandas pandoc poppler-utils lmodern
   texlive-latex-base texlive-latex-recommended texlive-latex-extra
   dpkg-dev file lintian desktop-file-utils appstream man-db bash-completion
+  libc++-14-dev libc++abi-14-dev libfast-float-dev libfmt-dev googletest
+  g++-mingw-w64-x86-64-posix wine wine64 emscripten node-acorn
 )
 
 missing=()

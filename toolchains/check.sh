@@ -1,0 +1,53 @@
+#!/usr/bin/env bash
+# Configures, builds and tests the standard-C++ core (text/, system/, engine/,
+# cli/ and their GoogleTest suites) with one toolchain of this folder, then
+# prints the digest of its number texts (toolchains/numbers):
+#   toolchains/check.sh clang-libcxx|mingw-w64|emscripten BUILD_DIR [LINUX_PROGRAM]
+# LINUX_PROGRAM: the Linux build's tovarin-report, whose bytes this build's must
+# give (the test cli.same_bytes). A warning is an error. JOBS (2) builds at once.
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+toolchain=$1
+build=$2
+reference=${3:-}
+case $toolchain in
+clang-libcxx | mingw-w64 | emscripten) ;;
+*)
+    echo "unknown toolchain: $toolchain" >&2
+    exit 2
+    ;;
+esac
+# em++ runs on Node, which must find Debian's node-acorn.
+export NODE_PATH=/usr/share/nodejs
+cmake -S "$here/.." -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+    -DCMAKE_TOOLCHAIN_FILE="$here/$toolchain.cmake" -DTOVARIN_GOOGLETEST_SOURCE=/usr/src/googletest \
+    -DTOVARIN_BUILD_GUI=OFF -DTOVARIN_BUILD_BENCH=OFF -DTOVARIN_BUILD_PACKAGING=OFF \
+    -DTOVARIN_REFERENCE_REPORT="$reference" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
+cmake --build "$build" -j "${JOBS:-2}"
+cmake --build "$build" -j "${JOBS:-2}" --target number_digest
+
+run=()
+digest=$build/toolchains/numbers/number_digest
+case $toolchain in
+mingw-w64)
+    # One Wine server for the whole run, started here with its output going
+    # nowhere: started by the first test, it and the services it starts would
+    # hold ctest's pipes open, and the listing of the tests would time out.
+    # Each program then starts in a fraction of a second. The first run in a
+    # new prefix sets the prefix up.
+    WINEPREFIX=$(sed -n 's/^TOVARIN_WINEPREFIX:PATH=//p' "$build/CMakeCache.txt")
+    export WINEDEBUG=-all WINEPREFIX
+    mkdir -p "$WINEPREFIX"
+    wineserver -p </dev/null >/dev/null 2>&1
+    trap 'wineserver -k </dev/null >/dev/null 2>&1 || true' EXIT
+    wine cmd /c exit </dev/null >/dev/null 2>&1
+    run=(wine)
+    digest=$digest.exe
+    ;;
+emscripten)
+    run=(node)
+    digest=$digest.js
+    ;;
+esac
+(cd "$build" && ctest -j "${JOBS:-2}" --output-on-failure)
+echo "number texts: $("${run[@]}" "$digest" "${DIGEST_ROUNDS:-200000}")"
