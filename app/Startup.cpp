@@ -47,7 +47,15 @@ bool environmentSet(const char* name) {
 } // namespace
 
 bool hasDisplay() {
-    return environmentSet("QT_QPA_PLATFORM") || environmentSet("DISPLAY") ||
+    // Windows and macOS have one window system, there for every program a
+    // user starts; X11 and Wayland are found through the environment.
+    constexpr bool kOneWindowSystem =
+#if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
+        true;
+#else
+        false;
+#endif
+    return kOneWindowSystem || environmentSet("QT_QPA_PLATFORM") || environmentSet("DISPLAY") ||
            environmentSet("WAYLAND_DISPLAY");
 }
 

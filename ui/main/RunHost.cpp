@@ -63,8 +63,14 @@ std::optional<std::filesystem::path> RunHost::chooseDataFile() {
     const std::optional<QString> chosen = fw::chooseExistingFile(&window_);
     if (!chosen)
         return std::nullopt;
+#ifdef Q_OS_WIN
+    // The UTF-16 name the system's wide calls take: the bytes of encodeName
+    // would go through the ANSI code page there and lose what lies outside it.
+    return std::filesystem::path(chosen->toStdWString());
+#else
     // The file system's own bytes, so a name in any encoding opens as chosen.
     return std::filesystem::path(QFile::encodeName(*chosen).toStdString());
+#endif
 }
 
 void RunHost::showResults() {
