@@ -1,50 +1,23 @@
 #include "text/DoubleChars.hpp"
 
-#include <system_error>
-
-// Where the standard library has the double overloads of to_chars and
-// from_chars (libstdc++, MinGW-w64's too; MSVC's), they are used as they are:
-// they are the fastest. Elsewhere (libc++ before LLVM 20, Emscripten) fast_float
-// reads and {fmt}, header-only, writes. Both are exact: fast_float falls back
-// to big-integer arithmetic where its fast path can't decide (libstdc++'s own
+// Built only where the standard library lacks the double overloads of
+// to_chars and from_chars (libc++ before LLVM 20, Emscripten): fast_float reads
+// and {fmt}, header-only, writes. Both are exact: fast_float falls back to
+// big-integer arithmetic where its fast path can't decide (libstdc++'s own
 // from_chars is fast_float inside), and {fmt} gives Dragonbox's shortest digits
-// and exact fixed and scientific digits. The build picks the side
-// (TOVARIN_NUMBER_LIBRARIES), from a compile check of the standard library.
-#ifndef TOVARIN_NUMBER_LIBRARIES
-#define TOVARIN_STANDARD_DOUBLE_CHARS 1
-#else
+// and exact fixed and scientific digits.
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include <fast_float/fast_float.h>
 #include <fmt/format.h>
-#endif
 
 namespace tovarin {
-
-#ifdef TOVARIN_STANDARD_DOUBLE_CHARS
-
-std::to_chars_result doubleToShortest(char* first, char* last, double value) {
-    return std::to_chars(first, last, value);
-}
-
-std::to_chars_result doubleToFixed(char* first, char* last, double value, int decimals) {
-    return std::to_chars(first, last, value, std::chars_format::fixed, decimals);
-}
-
-std::to_chars_result doubleToScientific(char* first, char* last, double value, int digits) {
-    return std::to_chars(first, last, value, std::chars_format::scientific, digits);
-}
-
-std::from_chars_result doubleFromChars(const char* first, const char* last, double& value) {
-    return std::from_chars(first, last, value, std::chars_format::general);
-}
-
-#else
 
 namespace {
 
@@ -193,7 +166,5 @@ std::from_chars_result doubleFromChars(const char* first, const char* last, doub
     value = parsed;
     return {result.ptr, std::errc{}};
 }
-
-#endif
 
 } // namespace tovarin
