@@ -34,13 +34,14 @@ mingw-w64)
     # nowhere: started by the first test, it and the services it starts would
     # hold ctest's pipes open, and the listing of the tests would time out.
     # Each program then starts in a fraction of a second. The first run in a
-    # new prefix sets the prefix up.
+    # new prefix sets the prefix up, without offering Mono and Gecko, which
+    # nothing here needs.
     WINEPREFIX=$(sed -n 's/^TOVARIN_WINEPREFIX:PATH=//p' "$build/CMakeCache.txt")
     export WINEDEBUG=-all WINEPREFIX
     mkdir -p "$WINEPREFIX"
     wineserver -p </dev/null >/dev/null 2>&1
     trap 'wineserver -k </dev/null >/dev/null 2>&1 || true' EXIT
-    wine cmd /c exit </dev/null >/dev/null 2>&1
+    WINEDLLOVERRIDES='mscoree,mshtml=' wine cmd /c exit </dev/null >/dev/null 2>&1
     run=(wine)
     digest=$digest.exe
     ;;
