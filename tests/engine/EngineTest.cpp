@@ -267,7 +267,7 @@ TEST(Results, EqualARowOrderReferenceBitForBit) {
     std::mt19937_64 random(2026);
     std::uniform_real_distribution<double> spread(0.0, 12.0);
     for (int n = 0; n < 2000; ++n) {
-        std::vector<double> bics(4 + n % 6);
+        std::vector<double> bics(static_cast<std::size_t>(4 + n % 6));
         for (double& bic : bics)
             bic = 50.0 + spread(random);
         sets.push_back(bics);

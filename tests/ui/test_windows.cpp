@@ -60,7 +60,7 @@ void showReport(const QString& text) {
 
 // Types the keys as a keyboard does: into the open menu, else into the focused control.
 void type(const QKeySequence& keys) {
-    for (int i = 0; i < keys.count(); ++i) {
+    for (uint i = 0; i < static_cast<uint>(keys.count()); ++i) {
         QWidget* const menu = QApplication::activePopupWidget();
         QTest::keyClick(menu ? menu : QApplication::focusWidget(), keys[i].key(),
                         keys[i].keyboardModifiers());

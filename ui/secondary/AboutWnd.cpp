@@ -134,7 +134,7 @@ void AboutWnd::closeEvent(QCloseEvent* event) {
     // Closed from the window manager: the splash is the only way to the main
     // window, so a close counts as a dismissal and the window stays.
     event->ignore();
-    fw::runAction([this] { dismiss(); });
+    fw::runAction([] { dismiss(); });
 }
 
 } // namespace tovarin
