@@ -13,6 +13,7 @@
 #include "engine/table/SvgChartWriter.hpp"
 #include "engine/table/TableDocument.hpp"
 #include "engine/table/TableStatistics.hpp"
+#include "engine/table/TextSink.hpp"
 #include "text/Utf8.hpp"
 
 #include <algorithm>
@@ -116,16 +117,19 @@ ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ost
         std::sort(table.rows.begin(), table.rows.end(),
                   [](const TableRow& a, const TableRow& b) { return a.line < b.line; });
     }
+    // The formats for scripts grow with the models and go out as they are made;
+    // a paper table and the chart are read by people, and are small.
+    TextSink sink(out);
     std::string text;
     switch (options.format) {
     case TableFormat::Tsv:
-        writeTsvTable(text, table);
+        writeTsvTable(sink, table);
         break;
     case TableFormat::Csv:
-        writeCsvTable(text, table);
+        writeCsvTable(sink, table);
         break;
     case TableFormat::Json:
-        writeJsonTable(text, table);
+        writeJsonTable(sink, table);
         break;
     case TableFormat::Markdown:
         writeMarkdownTable(text, table);
@@ -144,7 +148,8 @@ ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ost
     case TableFormat::Report: // written above
         break;
     }
-    out << text;
+    sink.append(text);
+    sink.flush();
     return ExitStatus::Done;
 }
 

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -107,14 +108,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
               "a tie split across the confidence set's edge");
     }
 
-    std::string out;
-    writeJsonTable(out, table);
-    writeTsvTable(out, table);
+    std::ostringstream stream;
+    {
+        TextSink sink(stream);
+        writeJsonTable(sink, table);
+        writeTsvTable(sink, table);
+    }
+    std::string out = stream.str();
     writeMarkdownTable(out, table);
     std::vector<TableNote> notes;
     writeLatexTable(out, table, notes);
-    std::string csv;
-    writeCsvTable(csv, table);
+    std::ostringstream csvStream;
+    {
+        TextSink sink(csvStream);
+        writeCsvTable(sink, table);
+    }
+    const std::string csv = csvStream.str();
     std::size_t at = 0;
     const std::size_t columns = readCsvRecord(csv, at).size();
     for (const TableRow& row : rows) {
