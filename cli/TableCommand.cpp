@@ -79,9 +79,12 @@ void noteTie(const TableDocument& table, const std::string& file, std::ostream& 
 
 ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ostream& err) {
     const std::string file = inputMessageName(options.file);
+    // The models' names are views of the text, which lives until the table is written.
+    std::string text;
     ModelTableRead read;
     try {
-        read = readModelTable(readInputText(options.file), options.read);
+        text = readInputText(options.file);
+        read = readModelTable(text, options.read);
     } catch (const FileError& error) {
         err << kPrefix << error.what() << '\n';
         return ExitStatus::NoResult;
@@ -120,7 +123,7 @@ ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ost
     // The formats for scripts grow with the models and go out as they are made;
     // a paper table and the chart are read by people, and are small.
     TextSink sink(out);
-    std::string text;
+    std::string written;
     switch (options.format) {
     case TableFormat::Tsv:
         writeTsvTable(sink, table);
@@ -132,23 +135,23 @@ ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ost
         writeJsonTable(sink, table);
         break;
     case TableFormat::Markdown:
-        writeMarkdownTable(text, table);
+        writeMarkdownTable(written, table);
         break;
     case TableFormat::Latex: {
         std::vector<TableNote> notes;
-        writeLatexTable(text, table, notes);
+        writeLatexTable(written, table, notes);
         for (const TableNote& note : notes) {
             err << kPrefix << where(file, note.line) << note.text << '\n';
         }
         break;
     }
     case TableFormat::Svg:
-        writeSvgChart(text, table);
+        writeSvgChart(written, table);
         break;
     case TableFormat::Report: // written above
         break;
     }
-    sink.append(text);
+    sink.append(written);
     sink.flush();
     return ExitStatus::Done;
 }

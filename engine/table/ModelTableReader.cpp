@@ -7,7 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <deque>
-#include <unordered_map>
+#include <functional>
 
 namespace tovarin {
 
@@ -65,6 +65,13 @@ bool isValidUtf8(std::string_view text) {
     return true;
 }
 
+// Whether `part` lies in `whole`; std::less orders any two pointers.
+bool within(std::string_view part, std::string_view whole) {
+    const std::less<const char*> before;
+    return !before(part.data(), whole.data()) &&
+           !before(whole.data() + whole.size(), part.data() + part.size());
+}
+
 std::string quoted(std::string_view text) {
     return "\"" + std::string(text) + "\"";
 }
@@ -110,7 +117,9 @@ bool isRule(std::string_view line) {
                3;
 }
 
-// Walks the lines of a text; LF, CR and CR LF end them.
+// Walks the lines of a text; LF, CR and CR LF end them. The next of each kind
+// of line end is remembered, so that each part of the text is searched once
+// for each, whichever of them the file uses.
 class LineCursor {
 public:
     explicit LineCursor(std::string_view text) : text_(text) {}
@@ -119,7 +128,13 @@ public:
         if (pos_ >= text_.size()) {
             return false;
         }
-        const std::size_t end = text_.find_first_of("\r\n", pos_);
+        if (nextLf_ < pos_ || pos_ == 0) {
+            nextLf_ = text_.find('\n', pos_);
+        }
+        if (nextCr_ < pos_ || pos_ == 0) {
+            nextCr_ = text_.find('\r', pos_);
+        }
+        const std::size_t end = std::min(nextLf_, nextCr_);
         line = text_.substr(pos_, end == kNone ? kNone : end - pos_);
         pos_ = end == kNone ? text_.size() : end + 1;
         if (end != kNone && text_[end] == '\r' && pos_ < text_.size() && text_[pos_] == '\n') {
@@ -133,6 +148,8 @@ public:
 private:
     std::string_view text_;
     std::size_t pos_ = 0;
+    std::size_t nextLf_ = 0;
+    std::size_t nextCr_ = 0;
     std::int64_t number_ = 0;
 };
 
@@ -614,17 +631,35 @@ std::string fieldCountProblem(std::size_t count, const Layout& layout) {
 }
 
 // Notes on names used before, in line order: the first kRepeatNotes, then one
-// that counts the rest. The models are all read, so views of their names stay valid.
+// that counts the rest. The names are found again by open addressing over
+// their hashes, in a table half full at most, so that a million names cost
+// one array rather than a million allocations.
 void noteRepeatedNames(ModelTableRead& read) {
-    std::unordered_map<std::string_view, std::int64_t> firstUse;
-    firstUse.reserve(read.models.size());
+    struct Slot {
+        std::size_t hash = 0;
+        std::size_t model = 0; // 1-based; 0 is an empty slot
+    };
+    const std::vector<TableModel>& models = read.models;
+    std::size_t size = 2;
+    while (size < 2 * models.size()) {
+        size *= 2;
+    }
+    std::vector<Slot> slots(size);
     std::int64_t repeats = 0;
-    for (const TableModel& model : read.models) {
-        const auto [used, fresh] = firstUse.emplace(model.name, model.line);
-        if (!fresh && ++repeats <= kRepeatNotes) {
-            read.notes.push_back({model.line, "the name " + quoted(model.name) +
-                                                  " is already used on line " +
-                                                  std::to_string(used->second)});
+    for (std::size_t i = 0; i < models.size(); ++i) {
+        const std::string_view name = models[i].name;
+        const std::size_t hash = std::hash<std::string_view>{}(name);
+        std::size_t at = hash & (size - 1);
+        while (slots[at].model != 0 &&
+               (slots[at].hash != hash || models[slots[at].model - 1].name != name)) {
+            at = (at + 1) & (size - 1);
+        }
+        if (slots[at].model == 0) {
+            slots[at] = {hash, i + 1};
+        } else if (++repeats <= kRepeatNotes) {
+            read.notes.push_back(
+                {models[i].line, "the name " + quoted(name) + " is already used on line " +
+                                     std::to_string(models[slots[at].model - 1].line)});
         }
     }
     if (repeats > kRepeatNotes) {
@@ -680,6 +715,8 @@ ModelTableRead readModelTable(std::string_view text, const TableReadOptions& opt
     }
     const BicSource source = options.logLik.given() ? BicSource::Computed : BicSource::Read;
     ModelValues values(layout, options);
+    // Room for a model on every line, so that a million are never moved.
+    read.models.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1);
     Fields fields;
     LineCursor lines(text);
     std::string_view line;
@@ -705,7 +742,8 @@ ModelTableRead readModelTable(std::string_view text, const TableReadOptions& opt
         if (!isValidUtf8(name)) {
             throw TableReadError(number, "the name is not UTF-8 text");
         }
-        read.models.push_back({std::string(name), bic, number, source});
+        read.models.push_back({within(name, text) ? name : read.unquotedNames.emplace_back(name),
+                               bic, number, source});
         if (options.expectedCount && std::ssize(read.models) > *options.expectedCount) {
             throw TableReadError(number, "model line " + std::to_string(read.models.size()) +
                                              ", but --count is " +
