@@ -34,7 +34,7 @@ TableCell cellOf(const TableRow& row, Column column) {
     case Column::Rank:
         return row.rank;
     case Column::Name:
-        return std::string_view(row.name);
+        return row.name;
     case Column::Bic:
         return row.bic;
     case Column::DeltaBic:
@@ -44,9 +44,9 @@ TableCell cellOf(const TableRow& row, Column column) {
     case Column::CumulativeWeight:
         return row.cumulativeWeight;
     case Column::BayesFactor:
-        return row.bayesFactor;
+        return row.bayesFactor();
     case Column::LnBayesFactor:
-        return row.lnBayesFactor;
+        return row.lnBayesFactor();
     case Column::Evidence:
         return std::string_view(evidenceLabel(row.evidence));
     case Column::InConfidenceSet:
