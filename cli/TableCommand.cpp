@@ -120,6 +120,9 @@ ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ost
         std::sort(table.rows.begin(), table.rows.end(),
                   [](const TableRow& a, const TableRow& b) { return a.line < b.line; });
     }
+    table.gatherNames();
+    read.unquotedNames.clear();
+    std::string().swap(text);
     // The formats for scripts grow with the models and go out as they are made;
     // a paper table and the chart are read by people, and are small.
     TextSink sink(out);
