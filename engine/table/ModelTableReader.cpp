@@ -633,33 +633,43 @@ std::string fieldCountProblem(std::size_t count, const Layout& layout) {
 // Notes on names used before, in line order: the first kRepeatNotes, then one
 // that counts the rest. The names are found again by open addressing over
 // their hashes, in a table half full at most, so that a million names cost
-// one array rather than a million allocations.
+// one array rather than a million allocations. The hashes of a batch of names
+// come first, then their look-ups, which are cache misses all: with nothing
+// else between them, many are under way at once.
 void noteRepeatedNames(ModelTableRead& read) {
     struct Slot {
         std::size_t hash = 0;
         std::size_t model = 0; // 1-based; 0 is an empty slot
     };
+    constexpr std::size_t kBatch = 32;
     const std::vector<TableModel>& models = read.models;
     std::size_t size = 2;
     while (size < 2 * models.size()) {
         size *= 2;
     }
     std::vector<Slot> slots(size);
+    std::array<std::size_t, kBatch> hashes{};
     std::int64_t repeats = 0;
-    for (std::size_t i = 0; i < models.size(); ++i) {
-        const std::string_view name = models[i].name;
-        const std::size_t hash = std::hash<std::string_view>{}(name);
-        std::size_t at = hash & (size - 1);
-        while (slots[at].model != 0 &&
-               (slots[at].hash != hash || models[slots[at].model - 1].name != name)) {
-            at = (at + 1) & (size - 1);
+    for (std::size_t first = 0; first < models.size(); first += kBatch) {
+        const std::size_t end = std::min(models.size(), first + kBatch);
+        for (std::size_t i = first; i < end; ++i) {
+            hashes[i - first] = std::hash<std::string_view>{}(models[i].name);
         }
-        if (slots[at].model == 0) {
-            slots[at] = {hash, i + 1};
-        } else if (++repeats <= kRepeatNotes) {
-            read.notes.push_back(
-                {models[i].line, "the name " + quoted(name) + " is already used on line " +
-                                     std::to_string(models[slots[at].model - 1].line)});
+        for (std::size_t i = first; i < end; ++i) {
+            const std::size_t hash = hashes[i - first];
+            std::size_t at = hash & (size - 1);
+            while (slots[at].model != 0 &&
+                   (slots[at].hash != hash || models[slots[at].model - 1].name != models[i].name)) {
+                at = (at + 1) & (size - 1);
+            }
+            if (slots[at].model == 0) {
+                slots[at] = {hash, i + 1};
+            } else if (++repeats <= kRepeatNotes) {
+                read.notes.push_back(
+                    {models[i].line, "the name " + quoted(models[i].name) +
+                                         " is already used on line " +
+                                         std::to_string(models[slots[at].model - 1].line)});
+            }
         }
     }
     if (repeats > kRepeatNotes) {
