@@ -8,6 +8,7 @@
 #include <cmath>
 #include <deque>
 #include <functional>
+#include <limits>
 
 namespace tovarin {
 
@@ -633,14 +634,18 @@ std::string fieldCountProblem(std::size_t count, const Layout& layout) {
 // Notes on names used before, in line order: the first kRepeatNotes, then one
 // that counts the rest. The names are found again by open addressing over
 // their hashes, in a table half full at most, so that a million names cost
-// one array rather than a million allocations. The hashes of a batch of names
-// come first, then their look-ups, which are cache misses all: with nothing
-// else between them, many are under way at once.
-void noteRepeatedNames(ModelTableRead& read) {
+// one array of 16 MB rather than a million allocations: a slot holds a
+// model's number (1-based; 0 is an empty slot) and the top bits of its name's
+// hash, in 32 bits each while the models are that few. The hashes of a batch
+// of names come first, then their look-ups, which are cache misses all: with
+// nothing else between them, many are under way at once.
+template <typename Index> void noteRepeatedNames(ModelTableRead& read) {
     struct Slot {
-        std::size_t hash = 0;
-        std::size_t model = 0; // 1-based; 0 is an empty slot
+        Index tag = 0;
+        Index model = 0;
     };
+    constexpr int kTagShift =
+        std::numeric_limits<std::size_t>::digits - std::numeric_limits<Index>::digits;
     constexpr std::size_t kBatch = 32;
     const std::vector<TableModel>& models = read.models;
     std::size_t size = 2;
@@ -656,14 +661,14 @@ void noteRepeatedNames(ModelTableRead& read) {
             hashes[i - first] = std::hash<std::string_view>{}(models[i].name);
         }
         for (std::size_t i = first; i < end; ++i) {
-            const std::size_t hash = hashes[i - first];
-            std::size_t at = hash & (size - 1);
+            const auto tag = static_cast<Index>(hashes[i - first] >> kTagShift);
+            std::size_t at = hashes[i - first] & (size - 1);
             while (slots[at].model != 0 &&
-                   (slots[at].hash != hash || models[slots[at].model - 1].name != models[i].name)) {
+                   (slots[at].tag != tag || models[slots[at].model - 1].name != models[i].name)) {
                 at = (at + 1) & (size - 1);
             }
             if (slots[at].model == 0) {
-                slots[at] = {hash, i + 1};
+                slots[at] = {tag, static_cast<Index>(i + 1)};
             } else if (++repeats <= kRepeatNotes) {
                 read.notes.push_back(
                     {models[i].line, "the name " + quoted(models[i].name) +
@@ -771,7 +776,11 @@ ModelTableRead readModelTable(std::string_view text, const TableReadOptions& opt
         read.firstSemicolonLine = read.models.front().line;
     }
     read.firstDecimalCommaLine = values.firstCommaLine();
-    noteRepeatedNames(read);
+    if (read.models.size() < std::numeric_limits<std::uint32_t>::max()) {
+        noteRepeatedNames<std::uint32_t>(read);
+    } else {
+        noteRepeatedNames<std::size_t>(read);
+    }
     std::stable_sort(read.notes.begin(), read.notes.end(),
                      [](const TableNote& a, const TableNote& b) { return a.line < b.line; });
     return read;
