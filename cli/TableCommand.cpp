@@ -79,7 +79,7 @@ void noteTie(const TableDocument& table, const std::string& file, std::ostream& 
 
 ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ostream& err) {
     const std::string file = inputMessageName(options.file);
-    // The models' names are views of the text, which lives until the table is written.
+    // The models' names are views of the text, which lives until the rows have their own copies.
     std::string text;
     ModelTableRead read;
     try {

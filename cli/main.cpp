@@ -23,8 +23,8 @@ constexpr std::size_t kLargeBlock = std::size_t{4} << 20U;
 // were measured, half a second for the arrays of a million models. Large
 // blocks (the file's text, the table's arrays) are offered huge pages of 2 MiB
 // instead, where the kernel takes such advice (Linux's transparent huge pages
-// in their "madvise" setting). The memory itself comes from malloc, and every
-// form of new and delete below goes through here, so they always pair.
+// in their "madvise" setting). The memory itself comes from malloc: every
+// form of new below takes it from here and every delete gives it to free.
 void* allocate(std::size_t size) {
     while (true) {
         if (void* block = std::malloc(size == 0 ? 1 : size)) {

@@ -23,7 +23,7 @@ std::uint64_t sortKey(double bic) {
 // Each model's key beside its place in the file, sorted: by BIC, equal BICs in
 // file order. A radix sort, least significant byte first, keeps equal keys in
 // the order they come and costs eight passes at most over 16 bytes a model,
-// whatever the BICs; a comparison sort of a million takes five times as long.
+// whatever the BICs; a comparison sort of a million takes several times as long.
 std::vector<std::pair<std::uint64_t, std::size_t>>
 rankOrder(const std::vector<TableModel>& models) {
     constexpr unsigned kDigitBits = 8;

@@ -37,7 +37,7 @@ const char* evidenceLabel(Evidence evidence);
 // at once, so what follows from the rest is worked out when asked for.
 struct TableRow {
     std::int64_t rank = 0; // 1 is the best model; equal BICs keep the file's order
-    std::string_view name; // the model's, in the text it was read from
+    std::string_view name; // the model's; TableDocument::gatherNames gives it a copy
     double bic = 0.0;
     double deltaBic = 0.0;         // BIC minus the lowest BIC
     double weight = 0.0;           // BIC posterior probability (Schwarz weight)
