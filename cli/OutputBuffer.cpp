@@ -13,10 +13,10 @@ OutputBuffer::~OutputBuffer() {
     flushBuffer();
 }
 
-bool OutputBuffer::flushBuffer() {
-    const char* next = pbase();
-    while (error_ == 0 && next < pptr()) {
-        const ssize_t written = ::write(fd_, next, static_cast<std::size_t>(pptr() - next));
+bool OutputBuffer::writeAll(const char* text, std::size_t size) {
+    const char* const end = text + size;
+    while (error_ == 0 && text < end) {
+        const ssize_t written = ::write(fd_, text, static_cast<std::size_t>(end - text));
         if (written < 0 && errno == EINTR) {
             continue;
         }
@@ -24,8 +24,13 @@ bool OutputBuffer::flushBuffer() {
             error_ = written < 0 ? errno : EIO;
             break;
         }
-        next += written;
+        text += written;
     }
+    return error_ == 0;
+}
+
+bool OutputBuffer::flushBuffer() {
+    writeAll(pbase(), static_cast<std::size_t>(pptr() - pbase()));
     setp(buffer_.data(), buffer_.data() + buffer_.size());
     return error_ == 0;
 }
@@ -39,6 +44,16 @@ OutputBuffer::int_type OutputBuffer::overflow(int_type c) {
         pbump(1);
     }
     return traits_type::not_eof(c);
+}
+
+// A piece of half the buffer or more goes out as it is, with no copy on the
+// way: a table writes its text in pieces of nearly the buffer's size.
+std::streamsize OutputBuffer::xsputn(const char_type* text, std::streamsize count) {
+    const auto size = static_cast<std::size_t>(count);
+    if (size < buffer_.size() / 2) {
+        return std::streambuf::xsputn(text, count);
+    }
+    return flushBuffer() && writeAll(text, size) ? count : 0;
 }
 
 int OutputBuffer::sync() {

@@ -19,14 +19,12 @@ template <typename... Format> std::string toText(double value, Format... format)
 
 } // namespace
 
-std::string shortestText(double value) {
-    return toText(value);
+char* writeShortest(char* first, double value) {
+    return std::to_chars(first, first + kShortestChars, value).ptr;
 }
 
-void appendShortest(std::string& out, double value) {
-    std::array<char, kBufferSize> buffer; // NOLINT: to_chars fills what is read
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-    out.append(buffer.data(), result.ptr);
+std::string shortestText(double value) {
+    return toText(value);
 }
 
 std::string fixedText(double value, int decimals) {
