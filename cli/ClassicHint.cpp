@@ -47,9 +47,10 @@ std::optional<std::string> classicHint(std::string_view text, std::int64_t count
     for (const TableModel& model : read.models) {
         const auto [seen, fresh] = byCut.emplace(Left(model.name, kNameCharacters), &model);
         if (!fresh && seen->second->name != model.name) {
-            return at(file, model.line) + "\"" + model.name + "\" and \"" + seen->second->name +
-                   "\" (line " + std::to_string(seen->second->line) + ") both print as \"" +
-                   seen->first + "\" (a table format keeps whole names)";
+            return at(file, model.line) + "\"" + std::string(model.name) + "\" and \"" +
+                   std::string(seen->second->name) + "\" (line " +
+                   std::to_string(seen->second->line) + ") both print as \"" + seen->first +
+                   "\" (a table format keeps whole names)";
         }
     }
     return std::nullopt;

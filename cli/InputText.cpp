@@ -4,7 +4,7 @@
 #include "engine/FileError.hpp"
 #include "system/Files.hpp"
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <system_error>
@@ -32,15 +32,26 @@ private:
     std::filesystem::path name_ = kStandardInput;
 };
 
-std::string readAll(ByteSource& source) {
-    std::string text;
-    std::array<char, kChunkBytes> chunk{};
-    while (const std::size_t got = source.read(chunk.data(), chunk.size())) {
-        if (text.size() + got > kMaxInputBytes) {
+// Reads straight into the text. A file says its size, and is read into room
+// made for it once: growing by doubling would copy it and touch twice the
+// memory. One byte more than the size lets the end be seen without growing.
+std::string readAll(ByteSource& source, std::size_t expected) {
+    std::string text(std::min(expected, kMaxInputBytes) + 1, '\0');
+    std::size_t size = 0;
+    while (true) {
+        if (size == text.size()) {
+            text.resize(std::min(std::max(2 * size, kChunkBytes), kMaxInputBytes + 1));
+        }
+        const std::size_t got = source.read(text.data() + size, text.size() - size);
+        if (got == 0) {
+            break;
+        }
+        size += got;
+        if (size > kMaxInputBytes) {
             throw FileError(source.name(), "larger than 64 MiB, so this is no table of models");
         }
-        text.append(chunk.data(), got);
     }
+    text.resize(size);
     return text;
 }
 
@@ -49,10 +60,13 @@ std::string readAll(ByteSource& source) {
 std::string readInputText(const std::string& operand) {
     if (operand == "-") {
         StdinSource source;
-        return readAll(source);
+        return readAll(source, 0);
     }
-    FileSource source(sys::pathFromUtf8(operand));
-    return readAll(source);
+    const std::filesystem::path path = sys::pathFromUtf8(operand);
+    FileSource source(path);
+    std::error_code unknown; // a pipe or a device has no size to go by
+    const std::uintmax_t size = std::filesystem::file_size(path, unknown);
+    return readAll(source, unknown ? 0 : static_cast<std::size_t>(size));
 }
 
 std::string inputMessageName(const std::string& operand) {

@@ -12,10 +12,15 @@ OutputBuffer::~OutputBuffer() {
     flushBuffer();
 }
 
-bool OutputBuffer::flushBuffer() {
-    if (error_ == 0 && pptr() > pbase()) {
-        error_ = sys::writeStandardOutput(pbase(), static_cast<std::size_t>(pptr() - pbase()));
+bool OutputBuffer::writeAll(const char* text, std::size_t size) {
+    if (error_ == 0 && size > 0) {
+        error_ = sys::writeStandardOutput(text, size);
     }
+    return error_ == 0;
+}
+
+bool OutputBuffer::flushBuffer() {
+    writeAll(pbase(), static_cast<std::size_t>(pptr() - pbase()));
     setp(buffer_.data(), buffer_.data() + buffer_.size());
     return error_ == 0;
 }
@@ -29,6 +34,16 @@ OutputBuffer::int_type OutputBuffer::overflow(int_type c) {
         pbump(1);
     }
     return traits_type::not_eof(c);
+}
+
+// A piece of half the buffer or more goes out as it is, with no copy on the
+// way: a table writes its text in pieces of nearly the buffer's size.
+std::streamsize OutputBuffer::xsputn(const char_type* text, std::streamsize count) {
+    const auto size = static_cast<std::size_t>(count);
+    if (size < buffer_.size() / 2) {
+        return std::streambuf::xsputn(text, count);
+    }
+    return flushBuffer() && writeAll(text, size) ? count : 0;
 }
 
 int OutputBuffer::sync() {

@@ -19,10 +19,12 @@ public:
 
 protected:
     int_type overflow(int_type c) override;
+    std::streamsize xsputn(const char_type* text, std::streamsize count) override;
     int sync() override;
 
 private:
     bool flushBuffer();
+    bool writeAll(const char* text, std::size_t size);
 
     static constexpr std::size_t kBytes = 64 * 1024;
     int error_ = 0;

@@ -13,6 +13,7 @@
 #include "engine/table/SvgChartWriter.hpp"
 #include "engine/table/TableDocument.hpp"
 #include "engine/table/TableStatistics.hpp"
+#include "engine/table/TextSink.hpp"
 #include "system/Files.hpp"
 #include "text/Utf8.hpp"
 
@@ -80,9 +81,12 @@ void noteTie(const TableDocument& table, const std::string& file, std::ostream& 
 
 ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ostream& err) {
     const std::string file = inputMessageName(options.file);
+    // The models' names are views of the text, which lives until the rows have their own copies.
+    std::string text;
     ModelTableRead read;
     try {
-        read = readModelTable(readInputText(options.file), options.read);
+        text = readInputText(options.file);
+        read = readModelTable(text, options.read);
     } catch (const FileError& error) {
         err << kPrefix << error.what() << '\n';
         return ExitStatus::NoResult;
@@ -118,35 +122,42 @@ ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ost
         std::sort(table.rows.begin(), table.rows.end(),
                   [](const TableRow& a, const TableRow& b) { return a.line < b.line; });
     }
-    std::string text;
+    table.gatherNames();
+    read.unquotedNames.clear();
+    std::string().swap(text);
+    // The formats for scripts grow with the models and go out as they are made;
+    // a paper table and the chart are read by people, and are small.
+    TextSink sink(out);
+    std::string written;
     switch (options.format) {
     case TableFormat::Tsv:
-        writeTsvTable(text, table);
+        writeTsvTable(sink, table);
         break;
     case TableFormat::Csv:
-        writeCsvTable(text, table);
+        writeCsvTable(sink, table);
         break;
     case TableFormat::Json:
-        writeJsonTable(text, table);
+        writeJsonTable(sink, table);
         break;
     case TableFormat::Markdown:
-        writeMarkdownTable(text, table);
+        writeMarkdownTable(written, table);
         break;
     case TableFormat::Latex: {
         std::vector<TableNote> notes;
-        writeLatexTable(text, table, notes);
+        writeLatexTable(written, table, notes);
         for (const TableNote& note : notes) {
             err << kPrefix << where(file, note.line) << note.text << '\n';
         }
         break;
     }
     case TableFormat::Svg:
-        writeSvgChart(text, table);
+        writeSvgChart(written, table);
         break;
     case TableFormat::Report: // written above
         break;
     }
-    out << text;
+    sink.append(written);
+    sink.flush();
     return ExitStatus::Done;
 }
 

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -94,10 +95,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         check(row.weight >= 0.0 && row.weight <= 1.0, "a weight outside [0, 1]");
         check(row.cumulativeWeight >= previous && row.cumulativeWeight <= 1.0 + 1e-12,
               "cumulative weight not rising to 1");
-        // The difference of two finite BICs can still overflow (1e308 and -1e308).
-        check(row.lnBayesFactor == row.deltaBic / 2, "ln BF is not half the difference");
-        check(std::isfinite(row.lnBayesFactor) || !std::isfinite(row.deltaBic),
-              "ln BF not finite for a finite difference");
         previous = row.cumulativeWeight;
         const TableRow& top = rows.front();
         check((row.bic == top.bic) == (row.evidence == Evidence::BestModel),
@@ -107,14 +104,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
               "a tie split across the confidence set's edge");
     }
 
-    std::string out;
-    writeJsonTable(out, table);
-    writeTsvTable(out, table);
+    std::ostringstream stream;
+    {
+        TextSink sink(stream);
+        writeJsonTable(sink, table);
+        writeTsvTable(sink, table);
+    }
+    std::string out = stream.str();
     writeMarkdownTable(out, table);
     std::vector<TableNote> notes;
     writeLatexTable(out, table, notes);
-    std::string csv;
-    writeCsvTable(csv, table);
+    std::ostringstream csvStream;
+    {
+        TextSink sink(csvStream);
+        writeCsvTable(sink, table);
+    }
+    const std::string csv = csvStream.str();
     std::size_t at = 0;
     const std::size_t columns = readCsvRecord(csv, at).size();
     for (const TableRow& row : rows) {

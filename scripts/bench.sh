@@ -9,6 +9,9 @@ echo "== One whole analysis run of 99 models (read, statistics, report text)"
 echo "== tovarin-report --format json on a file of 10,000 models (read, statistics, JSON text)"
 "$build_dir/bench/cli/bench_cli" --benchmark_repetitions=10 --benchmark_report_aggregates_only=true
 
+echo "== A million models to JSON: tovarin-report, pandas and R on the same file"
+bash bench/million/run.sh "$build_dir"
+
 echo "== Appending a 99-model report to a results area holding 50 reports (offscreen)"
 QT_QPA_PLATFORM=offscreen "$build_dir/bench/gui/bench_gui" --benchmark_repetitions=10 --benchmark_report_aggregates_only=true
 

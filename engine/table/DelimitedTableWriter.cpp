@@ -1,67 +1,83 @@
 #include "engine/table/DelimitedTableWriter.hpp"
 
-#include "engine/table/NumberText.hpp"
 #include "engine/table/TableColumns.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tovarin {
 
 namespace {
 
-// Full precision; an infinity as R and Python's float() both read it.
-std::string numberField(double value) {
-    if (std::isinf(value)) {
-        return value > 0 ? "Inf" : "-Inf";
-    }
-    return std::isnan(value) ? "NaN" : shortestText(value);
-}
-
-void appendField(std::string& out, std::string_view text, char separator) {
-    if (text.find_first_of(std::string{separator, '"', '\r', '\n'}) == std::string_view::npos) {
-        out += text;
+void appendField(TextSink& out, std::string_view text, char separator) {
+    const auto special = [separator](char c) {
+        return c == separator || c == '"' || c == '\r' || c == '\n';
+    };
+    if (std::none_of(text.begin(), text.end(), special)) {
+        out.append(text);
         return;
     }
-    out += '"';
+    out.append('"');
     for (const char c : text) {
-        out += c;
+        out.append(c);
         if (c == '"') {
-            out += '"';
+            out.append('"');
         }
     }
-    out += '"';
+    out.append('"');
 }
 
-struct FieldText {
-    std::string operator()(std::int64_t value) const { return std::to_string(value); }
-    std::string operator()(std::string_view text) const { return std::string(text); }
-    std::string operator()(double value) const { return numberField(value); }
+// Numbers and truth values hold no separator, quote or line end, so they need no quotes.
+struct Field {
+    TextSink& out;
+    char separator;
+    void operator()(std::int64_t value) const { out.appendInteger(value); }
+    void operator()(std::string_view text) const { appendField(out, text, separator); }
+    // Full precision; an infinity as R and Python's float() both read it.
+    void operator()(double value) const {
+        if (std::isinf(value)) {
+            out.append(value > 0 ? "Inf" : "-Inf");
+        } else if (std::isnan(value)) {
+            out.append("NaN");
+        } else {
+            out.appendShortest(value);
+        }
+    }
     // As R's read.csv, pandas and spreadsheets all read a truth value.
-    std::string operator()(bool value) const { return value ? "TRUE" : "FALSE"; }
+    void operator()(bool value) const { out.append(value ? "TRUE" : "FALSE"); }
 };
 
-void writeTable(std::string& out, const TableDocument& table, char separator, const char* lineEnd) {
+void writeTable(TextSink& out, const TableDocument& table, char separator,
+                std::string_view lineEnd) {
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
-        out += i == 0 ? "" : std::string(1, separator);
+        if (i != 0) {
+            out.append(separator);
+        }
         appendField(out, columnSpec(table.columns[i]).field, separator);
     }
-    out += lineEnd;
+    out.append(lineEnd);
+    const Field field{out, separator};
     for (const TableRow& row : table.rows) {
-        for (std::size_t i = 0; i < table.columns.size(); ++i) {
-            out += i == 0 ? "" : std::string(1, separator);
-            appendField(out, std::visit(FieldText{}, cellOf(row, table.columns[i])), separator);
+        if (out.failed()) {
+            return;
         }
-        out += lineEnd;
+        for (std::size_t i = 0; i < table.columns.size(); ++i) {
+            if (i != 0) {
+                out.append(separator);
+            }
+            std::visit(field, cellOf(row, table.columns[i]));
+        }
+        out.append(lineEnd);
     }
 }
 
 } // namespace
 
-void writeCsvTable(std::string& out, const TableDocument& table) {
+void writeCsvTable(TextSink& out, const TableDocument& table) {
     writeTable(out, table, ',', "\r\n");
 }
 
-void writeTsvTable(std::string& out, const TableDocument& table) {
+void writeTsvTable(TextSink& out, const TableDocument& table) {
     writeTable(out, table, '\t', "\n");
 }
 

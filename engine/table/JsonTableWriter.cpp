@@ -1,6 +1,5 @@
 #include "engine/table/JsonTableWriter.hpp"
 
-#include "engine/table/NumberText.hpp"
 #include "engine/table/TableColumns.hpp"
 #include "text/Utf8.hpp"
 
@@ -15,8 +14,8 @@ constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
 
 // A JSON string. Names are checked UTF-8 when read, but a file's path need
 // not be; a byte that starts no character becomes U+FFFD.
-void appendString(std::string& out, std::string_view text) {
-    out += '"';
+void appendString(TextSink& out, std::string_view text) {
+    out.append('"');
     for (std::size_t pos = 0; pos < text.size();) {
         // Plain printable ASCII goes over in one piece.
         const auto plain =
@@ -33,73 +32,79 @@ void appendString(std::string& out, std::string_view text) {
         const auto byte = static_cast<unsigned char>(text[pos]);
         const std::size_t length = utf8CharLength(text, pos);
         if (byte >= 0x80U) {
-            out += length > 1 ? text.substr(pos, length) : kReplacementCharacter;
+            out.append(length > 1 ? text.substr(pos, length) : kReplacementCharacter);
         } else if (byte == '"' || byte == '\\') {
-            out += '\\';
-            out += static_cast<char>(byte);
+            out.append('\\');
+            out.append(static_cast<char>(byte));
         } else if (byte < 0x20U) {
             constexpr std::string_view hex = "0123456789abcdef";
-            out += "\\u00";
-            out += hex[byte >> 4U];
-            out += hex[byte & 0xFU];
+            out.append("\\u00");
+            out.append(hex[byte >> 4U]);
+            out.append(hex[byte & 0xFU]);
         } else {
-            out += static_cast<char>(byte);
+            out.append(static_cast<char>(byte));
         }
         pos += length;
     }
-    out += '"';
+    out.append('"');
 }
 
-void appendNumber(std::string& out, double value) {
+void appendNumber(TextSink& out, double value) {
     if (std::isfinite(value)) {
-        appendShortest(out, value);
+        out.appendShortest(value);
     } else {
-        out += "null";
+        out.append("null");
     }
 }
 
 struct JsonValue {
-    std::string& out;
-    void operator()(std::int64_t value) const { out += std::to_string(value); }
+    TextSink& out;
+    void operator()(std::int64_t value) const { out.appendInteger(value); }
     void operator()(std::string_view text) const { appendString(out, text); }
     void operator()(double value) const { appendNumber(out, value); }
-    void operator()(bool value) const { out += value ? "true" : "false"; }
+    void operator()(bool value) const { out.append(value ? "true" : "false"); }
 };
 
 } // namespace
 
-void writeJsonTable(std::string& out, const TableDocument& table) {
-    constexpr std::size_t kBytesPerModel = 320;
-    out.reserve(out.size() + table.rows.size() * kBytesPerModel);
-    out += "{\n  \"file\": ";
+void writeJsonTable(TextSink& out, const TableDocument& table) {
+    out.append("{\n  \"file\": ");
     appendString(out, table.file);
-    out += ",\n  \"count\": " + std::to_string(table.rows.size());
-    out += ",\n  \"best_model\": ";
+    out.append(",\n  \"count\": ");
+    out.appendInteger(static_cast<std::int64_t>(table.rows.size()));
+    out.append(",\n  \"best_model\": ");
     appendString(out, table.best().name);
-    out += ",\n  \"tied_best\": [";
+    out.append(",\n  \"tied_best\": [");
     const std::vector<const TableRow*> tied = table.tiedBest();
     for (std::size_t i = 0; i < tied.size(); ++i) {
-        out += i == 0 ? "" : ", ";
+        out.append(i == 0 ? "" : ", ");
         appendString(out, tied[i]->name);
     }
-    out += "],\n  \"confidence\": ";
+    out.append("],\n  \"confidence\": ");
     appendNumber(out, table.confidence);
-    out += ",\n  \"scale\": ";
-    out += table.scale == EvidenceScale::Jeffreys ? "\"jeffreys\"" : "\"raftery\"";
-    out += ",\n  \"models\": [";
+    out.append(",\n  \"scale\": ");
+    out.append(table.scale == EvidenceScale::Jeffreys ? "\"jeffreys\"" : "\"raftery\"");
+    out.append(",\n  \"models\": [");
+    // Each key with what stands before it, made once: field names need no escapes.
+    std::vector<std::string> keys;
+    for (const Column column : table.columns) {
+        keys.push_back((keys.empty() ? "\"" : ", \"") + std::string(columnSpec(column).field) +
+                       "\": ");
+    }
     bool first = true;
     for (const TableRow& row : table.rows) {
-        out += first ? "\n    {" : ",\n    {";
+        if (out.failed()) {
+            return;
+        }
+        out.append(first ? "\n    {" : ",\n    {");
         first = false;
         for (std::size_t i = 0; i < table.columns.size(); ++i) {
-            out += i == 0 ? "" : ", ";
-            appendString(out, columnSpec(table.columns[i]).field);
-            out += ": ";
+            out.append(keys[i]);
             std::visit(JsonValue{out}, cellOf(row, table.columns[i]));
         }
-        out += '}';
+        out.append('}');
     }
-    out += "\n  ]\n}\n";
+    out.append("\n  ]\n}\n");
 }
 
 } // namespace tovarin

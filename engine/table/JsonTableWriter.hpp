@@ -1,8 +1,7 @@
 #pragma once
 
 #include "engine/table/TableDocument.hpp"
-
-#include <string>
+#include "engine/table/TextSink.hpp"
 
 namespace tovarin {
 
@@ -10,7 +9,7 @@ namespace tovarin {
 // 1), tied_best (every model at the lowest BIC), confidence, scale and a
 // `models` array of objects with the chosen columns, whose numbers read back
 // as the very doubles. A number that is no finite double (a Bayes factor past
-// the largest one) is null.
-void writeJsonTable(std::string& out, const TableDocument& table);
+// the largest one) is null. Stops early once the stream has failed.
+void writeJsonTable(TextSink& out, const TableDocument& table);
 
 } // namespace tovarin

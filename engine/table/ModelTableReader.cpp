@@ -8,7 +8,8 @@
 #include <charconv>
 #include <cmath>
 #include <deque>
-#include <unordered_map>
+#include <functional>
+#include <limits>
 
 namespace tovarin {
 
@@ -66,6 +67,13 @@ bool isValidUtf8(std::string_view text) {
     return true;
 }
 
+// Whether `part` lies in `whole`; std::less orders any two pointers.
+bool within(std::string_view part, std::string_view whole) {
+    const std::less<const char*> before;
+    return !before(part.data(), whole.data()) &&
+           !before(whole.data() + whole.size(), part.data() + part.size());
+}
+
 std::string quoted(std::string_view text) {
     return "\"" + std::string(text) + "\"";
 }
@@ -111,7 +119,9 @@ bool isRule(std::string_view line) {
                3;
 }
 
-// Walks the lines of a text; LF, CR and CR LF end them.
+// Walks the lines of a text; LF, CR and CR LF end them. The next of each kind
+// of line end is remembered, so that each part of the text is searched once
+// for each, whichever of them the file uses.
 class LineCursor {
 public:
     explicit LineCursor(std::string_view text) : text_(text) {}
@@ -120,7 +130,13 @@ public:
         if (pos_ >= text_.size()) {
             return false;
         }
-        const std::size_t end = text_.find_first_of("\r\n", pos_);
+        if (nextLf_ < pos_ || pos_ == 0) {
+            nextLf_ = text_.find('\n', pos_);
+        }
+        if (nextCr_ < pos_ || pos_ == 0) {
+            nextCr_ = text_.find('\r', pos_);
+        }
+        const std::size_t end = std::min(nextLf_, nextCr_);
         line = text_.substr(pos_, end == kNone ? kNone : end - pos_);
         pos_ = end == kNone ? text_.size() : end + 1;
         if (end != kNone && text_[end] == '\r' && pos_ < text_.size() && text_[pos_] == '\n') {
@@ -134,6 +150,8 @@ public:
 private:
     std::string_view text_;
     std::size_t pos_ = 0;
+    std::size_t nextLf_ = 0;
+    std::size_t nextCr_ = 0;
     std::int64_t number_ = 0;
 };
 
@@ -615,17 +633,49 @@ std::string fieldCountProblem(std::size_t count, const Layout& layout) {
 }
 
 // Notes on names used before, in line order: the first kRepeatNotes, then one
-// that counts the rest. The models are all read, so views of their names stay valid.
-void noteRepeatedNames(ModelTableRead& read) {
-    std::unordered_map<std::string_view, std::int64_t> firstUse;
-    firstUse.reserve(read.models.size());
+// that counts the rest. The names are found again by open addressing over
+// their hashes, in a table half full at most, so that a million names cost
+// one array of 16 MB rather than a million allocations: a slot holds a
+// model's number (1-based; 0 is an empty slot) and the top bits of its name's
+// hash, in 32 bits each while the models are that few. The hashes of a batch
+// of names come first, then their look-ups, which are cache misses all: with
+// nothing else between them, many are under way at once.
+template <typename Index> void noteRepeatedNames(ModelTableRead& read) {
+    struct Slot {
+        Index tag = 0;
+        Index model = 0;
+    };
+    constexpr int kTagShift =
+        std::numeric_limits<std::size_t>::digits - std::numeric_limits<Index>::digits;
+    constexpr std::size_t kBatch = 32;
+    const std::vector<TableModel>& models = read.models;
+    std::size_t size = 2;
+    while (size < 2 * models.size()) {
+        size *= 2;
+    }
+    std::vector<Slot> slots(size);
+    std::array<std::size_t, kBatch> hashes{};
     std::int64_t repeats = 0;
-    for (const TableModel& model : read.models) {
-        const auto [used, fresh] = firstUse.emplace(model.name, model.line);
-        if (!fresh && ++repeats <= kRepeatNotes) {
-            read.notes.push_back({model.line, "the name " + quoted(model.name) +
-                                                  " is already used on line " +
-                                                  std::to_string(used->second)});
+    for (std::size_t first = 0; first < models.size(); first += kBatch) {
+        const std::size_t end = std::min(models.size(), first + kBatch);
+        for (std::size_t i = first; i < end; ++i) {
+            hashes[i - first] = std::hash<std::string_view>{}(models[i].name);
+        }
+        for (std::size_t i = first; i < end; ++i) {
+            const auto tag = static_cast<Index>(hashes[i - first] >> kTagShift);
+            std::size_t at = hashes[i - first] & (size - 1);
+            while (slots[at].model != 0 &&
+                   (slots[at].tag != tag || models[slots[at].model - 1].name != models[i].name)) {
+                at = (at + 1) & (size - 1);
+            }
+            if (slots[at].model == 0) {
+                slots[at] = {tag, static_cast<Index>(i + 1)};
+            } else if (++repeats <= kRepeatNotes) {
+                read.notes.push_back(
+                    {models[i].line, "the name " + quoted(models[i].name) +
+                                         " is already used on line " +
+                                         std::to_string(models[slots[at].model - 1].line)});
+            }
         }
     }
     if (repeats > kRepeatNotes) {
@@ -681,6 +731,8 @@ ModelTableRead readModelTable(std::string_view text, const TableReadOptions& opt
     }
     const BicSource source = options.logLik.given() ? BicSource::Computed : BicSource::Read;
     ModelValues values(layout, options);
+    // Room for a model on every line, so that a million are never moved.
+    read.models.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1);
     Fields fields;
     LineCursor lines(text);
     std::string_view line;
@@ -706,7 +758,8 @@ ModelTableRead readModelTable(std::string_view text, const TableReadOptions& opt
         if (!isValidUtf8(name)) {
             throw TableReadError(number, "the name is not UTF-8 text");
         }
-        read.models.push_back({std::string(name), bic, number, source});
+        read.models.push_back({within(name, text) ? name : read.unquotedNames.emplace_back(name),
+                               bic, number, source});
         if (options.expectedCount && std::ssize(read.models) > *options.expectedCount) {
             throw TableReadError(number, "model line " + std::to_string(read.models.size()) +
                                              ", but --count is " +
@@ -724,7 +777,11 @@ ModelTableRead readModelTable(std::string_view text, const TableReadOptions& opt
         read.firstSemicolonLine = read.models.front().line;
     }
     read.firstDecimalCommaLine = values.firstCommaLine();
-    noteRepeatedNames(read);
+    if (read.models.size() < std::numeric_limits<std::uint32_t>::max()) {
+        noteRepeatedNames<std::uint32_t>(read);
+    } else {
+        noteRepeatedNames<std::size_t>(read);
+    }
     std::stable_sort(read.notes.begin(), read.notes.end(),
                      [](const TableNote& a, const TableNote& b) { return a.line < b.line; });
     return read;

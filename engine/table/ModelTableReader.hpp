@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -11,11 +12,13 @@ namespace tovarin {
 
 // How a BIC came to the table: read from the file, or computed from a
 // log-likelihood, a number of parameters and a number of observations.
-enum class BicSource { Read, Computed };
+enum class BicSource : std::uint8_t { Read, Computed };
 
 // One model line of a data file read for a table: the whole name and the BIC.
+// The name is a view of the text read, or of the read's own copy where the
+// text holds it quoted with doubled quotes; both must outlive the model.
 struct TableModel {
-    std::string name;
+    std::string_view name;
     double bic = 0.0;
     std::int64_t line = 0; // 1-based line number in the file
     BicSource source = BicSource::Read;
@@ -29,6 +32,7 @@ struct TableNote {
 
 struct ModelTableRead {
     std::vector<TableModel> models;         // in file order
+    std::deque<std::string> unquotedNames;  // what names the text doesn't hold as they are
     std::vector<TableNote> notes;           // in line order: header, skipped lines, repeated names
     std::int64_t headerLine = 0;            // 0 when the file has no header line
     std::int64_t firstSemicolonLine = 0;    // 0 unless the fields are split at semicolons

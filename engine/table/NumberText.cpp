@@ -15,16 +15,13 @@ using Buffer = std::array<char, kBufferSize>;
 
 } // namespace
 
-std::string shortestText(double value) {
-    Buffer buffer; // NOLINT: the writer fills what is read
-    return {buffer.data(),
-            doubleToShortest(buffer.data(), buffer.data() + buffer.size(), value).ptr};
+char* writeShortest(char* first, double value) {
+    return doubleToShortest(first, first + kShortestChars, value).ptr;
 }
 
-void appendShortest(std::string& out, double value) {
+std::string shortestText(double value) {
     Buffer buffer; // NOLINT: the writer fills what is read
-    const auto result = doubleToShortest(buffer.data(), buffer.data() + buffer.size(), value);
-    out.append(buffer.data(), result.ptr);
+    return {buffer.data(), writeShortest(buffer.data(), value)};
 }
 
 std::string fixedText(double value, int decimals) {

@@ -67,7 +67,7 @@ std::string paperCell(const TableRow& row, Column column, const Dialect& dialect
     case Column::Rank:
         return std::to_string(row.rank);
     case Column::Name:
-        return row.name;
+        return std::string(row.name);
     case Column::Bic:
         return signedText(row.bic, dialect);
     case Column::DeltaBic:
@@ -79,9 +79,9 @@ std::string paperCell(const TableRow& row, Column column, const Dialect& dialect
     case Column::CumulativeWeight:
         return fixedText(row.cumulativeWeight, kWeightDecimals);
     case Column::BayesFactor:
-        return factorText(row.bayesFactor, dialect);
+        return factorText(row.bayesFactor(), dialect);
     case Column::LnBayesFactor:
-        return fixedText(row.lnBayesFactor, kBicDecimals);
+        return fixedText(row.lnBayesFactor(), kBicDecimals);
     case Column::Evidence:
         return evidenceLabel(row.evidence);
     case Column::InConfidenceSet:

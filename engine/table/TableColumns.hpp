@@ -66,7 +66,34 @@ const char* bicSourceLabel(BicSource source);
 
 // A row's value in a column, as the data it is: a whole number, a text, a
 // double or a truth value. Each writer spells the four kinds its own way.
+// Inline: a million rows ask it eleven times each.
 using TableCell = std::variant<std::int64_t, std::string_view, double, bool>;
-TableCell cellOf(const TableRow& row, Column column);
+inline TableCell cellOf(const TableRow& row, Column column) {
+    switch (column) {
+    case Column::Rank:
+        return row.rank;
+    case Column::Name:
+        return row.name;
+    case Column::Bic:
+        return row.bic;
+    case Column::DeltaBic:
+        return row.deltaBic;
+    case Column::Weight:
+        return row.weight;
+    case Column::CumulativeWeight:
+        return row.cumulativeWeight;
+    case Column::BayesFactor:
+        return row.bayesFactor();
+    case Column::LnBayesFactor:
+        return row.lnBayesFactor();
+    case Column::Evidence:
+        return std::string_view(evidenceLabel(row.evidence));
+    case Column::InConfidenceSet:
+        return row.inConfidenceSet;
+    case Column::BicSource:
+        return std::string_view(bicSourceLabel(row.bicSource));
+    }
+    return false;
+}
 
 } // namespace tovarin

@@ -20,7 +20,14 @@ struct TableDocument {
     EvidenceScale scale = EvidenceScale::Raftery;
     std::string caption;
     std::string label;
+    // The rows' names one after another, once gatherNames has put them there.
+    std::vector<char> names;
 
+    // Copies the rows' names into `names` in the rows' order and points the
+    // rows at the copies. A table of a million models, sorted, would otherwise
+    // read its names from all over the text of the file, a cache miss each;
+    // this way they are read front to back, and the text may go.
+    void gatherNames();
     // The row of rank 1.
     const TableRow& best() const;
     // Every row at the lowest BIC, in rank order: the best model and its twins.

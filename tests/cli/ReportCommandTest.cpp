@@ -265,5 +265,38 @@ TEST(TableFormats, CarefulReadingNamesFileAndLine) {
     }
 }
 
+// The formats for scripts reach the stream in pieces as they are made, never
+// as one text built whole: a million models would hold it all in memory.
+TEST(TableFormats, ReachTheStreamInBoundedPieces) {
+    class Pieces : public std::streambuf {
+    public:
+        std::size_t total = 0, largest = 0;
+
+    protected:
+        std::streamsize xsputn(const char*, std::streamsize count) override {
+            total += std::size_t(count);
+            largest = std::max(largest, std::size_t(count));
+            return count;
+        }
+        int_type overflow(int_type c) override {
+            xsputn(nullptr, 1);
+            return traits_type::not_eof(c);
+        }
+    };
+    const test::TempFolder folder;
+    std::string text;
+    for (int i = 0; i < 20000; ++i)
+        text += "model_" + std::to_string(i) + "," + std::to_string(1000 + i % 977) + ".25\n";
+    const std::string file = folder.write("many.csv", text).string();
+    for (const char* format : {"json", "csv", "tsv"}) {
+        Pieces pieces;
+        std::ostream out(&pieces);
+        std::ostringstream err;
+        ASSERT_EQ(reportCommand({"--format", format, file}, out, err), ExitStatus::Done);
+        EXPECT_GT(pieces.total, 2'000'000U) << format;
+        EXPECT_LE(pieces.largest, pieces.total / 16) << format;
+    }
+}
+
 } // namespace
 } // namespace tovarin
