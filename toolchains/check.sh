@@ -51,4 +51,7 @@ emscripten)
     ;;
 esac
 (cd "$build" && ctest -j "${JOBS:-2}" --output-on-failure)
-echo "number texts: $("${run[@]}" "$digest" "${DIGEST_ROUNDS:-200000}")"
+# What cli.same_bytes compared, from the log of the run.
+grep -E '^[0-9]+ passed, [0-9]+ failed$' "$build/Testing/Temporary/LastTest.log" || true
+# A Windows program ends its lines in CR LF on a console.
+echo "number texts: $("${run[@]}" "$digest" "${DIGEST_ROUNDS:-200000}" | tr -d '\r')"
