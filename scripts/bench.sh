@@ -9,6 +9,9 @@ echo "== One whole analysis run of 99 models (read, statistics, report text)"
 echo "== tovarin-report --format json on a file of 10,000 models (read, statistics, JSON text)"
 "$build_dir/bench/cli/bench_cli" --benchmark_repetitions=10 --benchmark_report_aggregates_only=true
 
+echo "== Doubles to text and back: fast_float and {fmt} against the standard library"
+"$build_dir/bench/numbers/bench_numbers"
+
 echo "== A million models to JSON: tovarin-report, pandas and R on the same file"
 bash bench/million/run.sh "$build_dir"
 

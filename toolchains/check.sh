@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Configures, builds and tests the standard-C++ core (text/, system/, engine/,
 # cli/ and their GoogleTest suites) with one toolchain of this folder, then
-# prints the digest of its number texts (toolchains/numbers):
+# prints the digest of its number texts (tests/numbers):
 #   toolchains/check.sh clang-libcxx|mingw-w64|emscripten BUILD_DIR [LINUX_PROGRAM]
 # LINUX_PROGRAM: the Linux build's tovarin-report, whose bytes this build's must
 # give (the test cli.same_bytes). A warning is an error. JOBS (2) builds at once.
@@ -27,7 +27,7 @@ cmake --build "$build" -j "${JOBS:-2}"
 cmake --build "$build" -j "${JOBS:-2}" --target number_digest
 
 run=()
-digest=$build/toolchains/numbers/number_digest
+digest=$build/tests/numbers/number_digest
 case $toolchain in
 mingw-w64)
     # One Wine server for the whole run, started here with its output going

@@ -4,7 +4,7 @@
 # (build-libcxx/), MinGW-w64 for Windows under Wine (build-windows/) and
 # Emscripten under Node (build-wasm/). Each builds without warnings, passes the
 # engine, text and command tests, gives the Linux build's bytes (cli.same_bytes)
-# and the Linux build's number texts (the digest of toolchains/numbers); the
+# and the Linux build's number texts (the digest of tests/numbers); the
 # fast_float and {fmt} side is held against libstdc++ directly (the oracle).
 # Ends with what each toolchain passed.
 #   toolchains/portable.sh BUILD_DIR     (the Linux build, configured)
@@ -27,9 +27,9 @@ tell() {
 echo "== GCC with libstdc++, the reference ($linux)"
 start=$SECONDS
 if cmake --build "$linux" -j "$jobs" --target tovarin-report number_digest number_oracle; then
-    reference=$("$linux/toolchains/numbers/number_digest" "$DIGEST_ROUNDS")
+    reference=$("$linux/tests/numbers/number_digest" "$DIGEST_ROUNDS")
     echo "number texts: $reference"
-    oracle=$("$linux/toolchains/numbers/number_oracle" "$oracle_rounds")
+    oracle=$("$linux/tests/numbers/number_oracle" "$oracle_rounds")
     oracle_status=$?
     echo "$oracle"
     compared=$(grep '^all ' <<<"$oracle")
