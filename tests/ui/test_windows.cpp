@@ -13,7 +13,7 @@
 #include "ui/MenuBar1.hpp"
 #include "ui/main/ControlWnd.hpp"
 #include "ui/secondary/AboutWnd.hpp"
-#include "ui/secondary/HelpText.hpp"
+#include "engine/HelpText.hpp"
 #include "ui/secondary/helpWnd.hpp"
 
 #include <QClipboard>

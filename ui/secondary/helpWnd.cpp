@@ -4,7 +4,7 @@
 #include "ui/MainWindow.hpp"
 #include "ui/MenuBar1.hpp"
 #include "ui/MenuItems.hpp"
-#include "ui/secondary/HelpText.hpp"
+#include "engine/HelpText.hpp"
 
 #include <QFontDatabase>
 #include <QGuiApplication>
