@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cfloat>
 #include <cmath>
+#include <cstring>
 #include <numeric>
 #include <utility>
 
@@ -16,7 +16,11 @@ namespace {
 // keys, a larger BIC a larger key. BICs are finite.
 std::uint64_t sortKey(double bic) {
     constexpr std::uint64_t kSign = std::uint64_t{1} << 63U;
-    const auto bits = std::bit_cast<std::uint64_t>(bic == 0.0 ? 0.0 : bic);
+    // memcpy, not std::bit_cast, which the libc++ of Emscripten and older
+    // Xcode lacks; compilers make the same single move of it.
+    const double value = bic == 0.0 ? 0.0 : bic;
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
     return (bits & kSign) != 0 ? ~bits : bits | kSign;
 }
 
