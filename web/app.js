@@ -1,0 +1,305 @@
+// The page: hands the data file to the engine (tovarin-report's own code,
+// compiled to WebAssembly by web/WebEngine.cpp) and shows what it writes.
+// Everything happens here; nothing is sent anywhere.
+"use strict";
+
+(() => {
+  const $ = (id) => document.getElementById(id);
+  const decoder = new TextDecoder();
+  const encoder = new TextEncoder();
+  // The table's columns, in the order of its header cells.
+  const kColumns = "rank,name,bic,delta_bic,weight,cumulative_weight,bayes_factor,ln_bayes_factor," +
+    "evidence,in_confidence_set";
+  const kFormats = {
+    csv: { ext: "csv", type: "text/csv" },
+    tsv: { ext: "tsv", type: "text/tab-separated-values" },
+    json: { ext: "json", type: "application/json" },
+    markdown: { ext: "md", type: "text/markdown" },
+    latex: { ext: "tex", type: "application/x-tex" },
+    svg: { ext: "svg", type: "image/svg+xml" },
+  };
+  // How the app's run ends (engine/report/AnalysisRun.hpp, RunEnd).
+  const kRunEnd = { emptyCount: 0, badCount: 1, noFile: 2, noLowBic: 3, report: 4 };
+  // The name pasted data goes by in messages, documents and the report.
+  const kPastedName = "pasted.txt";
+
+  let engine = null;
+  let fileName = null; // the data's name once the engine holds its bytes
+
+  // The module travels inside tovarin-engine-wasm.js, gzip-compressed, because
+  // a page opened from disk may not fetch a file of its own.
+  async function moduleBytes() {
+    const text = atob(globalThis.tovarinEngineWasm);
+    const packed = new Uint8Array(text.length);
+    for (let i = 0; i < text.length; ++i) packed[i] = text.charCodeAt(i);
+    const stream = new Blob([packed]).stream().pipeThrough(new DecompressionStream("gzip"));
+    return new Response(stream).arrayBuffer();
+  }
+
+  async function loadEngine() {
+    const bytes = await moduleBytes();
+    engine = await globalThis.TovarinEngine({
+      instantiateWasm(imports, receive) {
+        WebAssembly.instantiate(bytes, imports).then((result) => receive(result.instance));
+        return {};
+      },
+    });
+    globalThis.tovarinEngineWasm = null;
+  }
+
+  // Memory may grow during a call, so the heap is looked up after each one.
+  function heapSlice(pointer, size) {
+    return engine.HEAPU8.slice(pointer, pointer + size);
+  }
+
+  function put(allocate, bytes) {
+    const pointer = allocate(bytes.length);
+    engine.HEAPU8.set(bytes, pointer);
+  }
+
+  // One call into the engine: `fields` as its arguments, standard output as
+  // bytes, standard error as text.
+  function call(run, fields) {
+    put(engine._tovarin_fields_buffer, encoder.encode(fields.join("\0")));
+    const status = run();
+    return {
+      status,
+      out: heapSlice(engine._tovarin_out(), engine._tovarin_out_size()),
+      err: decoder.decode(heapSlice(engine._tovarin_err(), engine._tovarin_err_size())),
+    };
+  }
+
+  // tovarin-report's arguments for a format, with the page's options.
+  function command(format, extra = []) {
+    const confidence = $("confidence").value.trim() || "0.95";
+    return call(engine._tovarin_command, ["--format", format, "--confidence", confidence,
+      "--sort", $("sort").value, ...extra, "--", fileName]);
+  }
+
+  function say(text) {
+    $("status").textContent = text;
+  }
+
+  function showProblems(text) {
+    $("problems").textContent = text;
+    $("problems-box").hidden = text === "";
+  }
+
+  function escapeHtml(text) {
+    return text.replace(/[&<>"]/g, (c) => ({ "&": "&amp;", "<": "&lt;", ">": "&gt;", '"': "&quot;" })[c]);
+  }
+
+  // The fields of a TSV table, quoted as CSV where a field holds a tab, a
+  // quote or a line break.
+  function parseTsv(text) {
+    const rows = [];
+    let row = [];
+    let i = 0;
+    while (i < text.length) {
+      let field = "";
+      if (text[i] === '"') {
+        ++i;
+        while (i < text.length) {
+          if (text[i] === '"' && text[i + 1] === '"') {
+            field += '"';
+            i += 2;
+          } else if (text[i] === '"') {
+            ++i;
+            break;
+          } else {
+            field += text[i++];
+          }
+        }
+      } else {
+        let end = i;
+        while (end < text.length && text[end] !== "\t" && text[end] !== "\n") ++end;
+        field = text.slice(i, end);
+        i = end;
+      }
+      row.push(field);
+      if (text[i] === "\t") {
+        ++i;
+      } else {
+        rows.push(row);
+        row = [];
+        ++i;
+      }
+    }
+    return rows;
+  }
+
+  function clearResults(caption) {
+    $("rows").textContent = "";
+    $("chart").textContent = "";
+    $("table-caption").textContent = caption;
+  }
+
+  // The table and the chart of the data held, for the options set.
+  function showTable() {
+    const table = command("tsv", ["--columns", kColumns]);
+    showProblems(table.err);
+    if (table.status !== 0) {
+      clearResults(`${fileName} could not be used; see what the reading found.`);
+      say(`${fileName}: no table (the reasons are listed below).`);
+      return;
+    }
+    const rows = parseTsv(decoder.decode(table.out)).slice(1);
+    let html = "";
+    for (const cells of rows) {
+      const inSet = cells[9] === "TRUE";
+      html += inSet ? '<tr class="in-set">' : "<tr>";
+      cells[9] = inSet ? "yes" : "no";
+      for (let c = 0; c < cells.length; ++c) {
+        html += (c === 1 ? '<th scope="row">' : "<td>") + escapeHtml(cells[c]) + (c === 1 ? "</th>" : "</td>");
+      }
+      html += "</tr>";
+    }
+    $("rows").innerHTML = html;
+    const inSet = rows.filter((cells) => cells[9] === "yes").length;
+    $("table-caption").textContent = `${rows.length} models of ${fileName}; ${inSet} in the confidence set ` +
+      `of ${$("confidence").value}.`;
+    const chart = command("svg");
+    $("chart").innerHTML = decoder.decode(chart.out).replace(/^<\?xml[^>]*>\s*/, "");
+    const svg = $("chart").querySelector("svg");
+    if (svg) {
+      svg.setAttribute("role", "img");
+      svg.setAttribute("aria-labelledby", "chart-title");
+      svg.querySelector("title")?.setAttribute("id", "chart-title");
+    }
+    say(`Read ${fileName}: ${rows.length} models.` + (table.err ? " Notes are listed below." : ""));
+  }
+
+  function holdData(name, bytes) {
+    put(engine._tovarin_data_buffer, bytes);
+    fileName = name;
+    $("report").textContent = "";
+    $("report-message").textContent = "";
+    $("report-copy").disabled = true;
+    showTable();
+  }
+
+  async function readFile(file) {
+    if (!engine) return;
+    say(`Reading ${file.name}…`);
+    try {
+      holdData(file.name, new Uint8Array(await file.arrayBuffer()));
+    } catch (error) {
+      fileName = null;
+      clearResults("No data file read.");
+      say(`${file.name} could not be read: ${error.message}`);
+    }
+  }
+
+  function download(format) {
+    if (!fileName) {
+      say("Choose a data file first.");
+      return;
+    }
+    const result = command(format);
+    if (result.status !== 0) {
+      showProblems(result.err);
+      say(`No ${format} table: see what the reading found.`);
+      return;
+    }
+    const { ext, type } = kFormats[format];
+    const link = document.createElement("a");
+    link.href = URL.createObjectURL(new Blob([result.out], { type }));
+    link.download = fileName.replace(/\.[^.]*$/, "") + "." + ext;
+    document.body.append(link);
+    link.click();
+    link.remove();
+    setTimeout(() => URL.revokeObjectURL(link.href), 1000);
+  }
+
+  // The app's run: the count checked as the app checks it, its messages, its report.
+  function makeReport() {
+    if (!fileName) {
+      say("Choose a data file first.");
+      return;
+    }
+    const now = new Date();
+    const date = new Intl.DateTimeFormat(undefined, { dateStyle: "short" }).format(now);
+    const time = new Intl.DateTimeFormat(undefined, { timeStyle: "short" }).format(now);
+    const result = call(engine._tovarin_report, [$("count").value, fileName, date, time]);
+    $("report-message").textContent = result.err.trim();
+    $("report").textContent = decoder.decode(result.out);
+    $("report-copy").disabled = result.status !== kRunEnd.report;
+    if (result.status === kRunEnd.emptyCount || result.status === kRunEnd.badCount ||
+        result.status === kRunEnd.noLowBic) {
+      $("count").focus();
+    }
+  }
+
+  async function copyReport() {
+    try {
+      await navigator.clipboard.writeText($("report").textContent);
+      say("The report is copied.");
+    } catch {
+      const range = document.createRange();
+      range.selectNodeContents($("report"));
+      getSelection().removeAllRanges();
+      getSelection().addRange(range);
+      say("Copying was refused: the report is selected, copy it with the keyboard.");
+    }
+  }
+
+  // The Information text: paragraphs apart at empty lines, lines apart at a lone CR.
+  function showInformation() {
+    const text = decoder.decode(heapSlice(engine._tovarin_help(), engine._tovarin_help_size()));
+    const box = $("information");
+    for (const paragraph of text.split("\r\r").slice(1)) {
+      const p = document.createElement("p");
+      p.textContent = paragraph.replaceAll("\r", "\n");
+      box.append(p);
+    }
+  }
+
+  function wire() {
+    $("file").addEventListener("change", () => {
+      if ($("file").files.length > 0) readFile($("file").files[0]);
+    });
+    const drop = $("drop");
+    drop.addEventListener("dragover", (event) => {
+      event.preventDefault();
+      drop.classList.add("over");
+    });
+    drop.addEventListener("dragleave", () => drop.classList.remove("over"));
+    drop.addEventListener("drop", (event) => {
+      event.preventDefault();
+      drop.classList.remove("over");
+      if (event.dataTransfer.files.length > 0) readFile(event.dataTransfer.files[0]);
+    });
+    // A file dropped beside the zone must not replace the page.
+    window.addEventListener("dragover", (event) => event.preventDefault());
+    window.addEventListener("drop", (event) => event.preventDefault());
+    $("paste-read").addEventListener("click", () => {
+      if (engine) holdData(kPastedName, encoder.encode($("paste").value));
+    });
+    for (const id of ["confidence", "sort"]) {
+      $(id).addEventListener("change", () => {
+        if (fileName) showTable();
+      });
+    }
+    for (const button of document.querySelectorAll("[data-format]")) {
+      button.addEventListener("click", () => download(button.dataset.format));
+    }
+    // As the app's count field: two digits at most, and a change empties the report.
+    $("count").addEventListener("input", () => {
+      $("count").value = $("count").value.replace(/[^0-9]/g, "").slice(0, 2);
+      $("report").textContent = "";
+      $("report-copy").disabled = true;
+    });
+    $("count").addEventListener("keydown", (event) => {
+      if (event.key === "Enter") makeReport();
+    });
+    $("report-run").addEventListener("click", makeReport);
+    $("report-copy").addEventListener("click", copyReport);
+  }
+
+  wire();
+  loadEngine().then(() => {
+    showInformation();
+    document.body.dataset.ready = "true";
+    say("Ready: choose, drop or paste a data file.");
+  }, (error) => say(`The engine could not start in this browser: ${error.message}`));
+})();
