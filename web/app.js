@@ -25,6 +25,10 @@
 
   let engine = null;
   let fileName = null; // the data's name once the engine holds its bytes
+  // The table's rows as the engine gave them, and the first one on show.
+  const kPageRows = 200;
+  let tableRows = [];
+  let firstRow = 0;
 
   // The module travels inside tovarin-engine-wasm.js, gzip-compressed, because
   // a page opened from disk may not fetch a file of its own.
@@ -45,6 +49,15 @@
       },
     });
     globalThis.tovarinEngineWasm = null;
+    // The browser compiles each function of the module on its first call: a
+    // table of three models has them compiled before a large file arrives.
+    put(engine._tovarin_data_buffer, encoder.encode("a\t1\nb\t2.5\nc\t4\n"));
+    fileName = "warm-up.txt";
+    showTable();
+    fileName = null;
+    clearResults("No data file read yet.");
+    showProblems("");
+    engine._tovarin_data_buffer(0);
   }
 
   // Memory may grow during a call, so the heap is looked up after each one.
@@ -90,8 +103,12 @@
   }
 
   // The fields of a TSV table, quoted as CSV where a field holds a tab, a
-  // quote or a line break.
+  // quote or a line break. Without a quote anywhere, the browser's own
+  // splitting does it at once.
   function parseTsv(text) {
+    if (!text.includes('"')) {
+      return text.split("\n").slice(0, -1).map((line) => line.split("\t"));
+    }
     const rows = [];
     let row = [];
     let i = 0;
@@ -129,9 +146,31 @@
   }
 
   function clearResults(caption) {
+    tableRows = [];
     $("rows").textContent = "";
+    $("pager").hidden = true;
     $("chart").textContent = "";
     $("table-caption").textContent = caption;
+  }
+
+  // The rows of the table from firstRow on, a screenful's worth: a table of
+  // thousands of rows takes the browser seconds to lay out, and nobody reads
+  // it whole on screen (the downloads hold it all).
+  function showRows() {
+    let html = "";
+    for (const cells of tableRows.slice(firstRow, firstRow + kPageRows)) {
+      html += cells[9] === "yes" ? '<tr class="in-set">' : "<tr>";
+      for (let c = 0; c < cells.length; ++c) {
+        html += c === 1 ? `<th scope="row">${escapeHtml(cells[c])}</th>` : `<td>${escapeHtml(cells[c])}</td>`;
+      }
+      html += "</tr>";
+    }
+    $("rows").innerHTML = html;
+    const last = Math.min(firstRow + kPageRows, tableRows.length);
+    $("pager").hidden = tableRows.length <= kPageRows;
+    $("rows-shown").textContent = `Rows ${firstRow + 1} to ${last} of ${tableRows.length}`;
+    $("rows-previous").disabled = firstRow === 0;
+    $("rows-next").disabled = last === tableRows.length;
   }
 
   // The table and the chart of the data held, for the options set.
@@ -143,21 +182,13 @@
       say(`${fileName}: no table (the reasons are listed below).`);
       return;
     }
-    const rows = parseTsv(decoder.decode(table.out)).slice(1);
-    let html = "";
-    for (const cells of rows) {
-      const inSet = cells[9] === "TRUE";
-      html += inSet ? '<tr class="in-set">' : "<tr>";
-      cells[9] = inSet ? "yes" : "no";
-      for (let c = 0; c < cells.length; ++c) {
-        html += (c === 1 ? '<th scope="row">' : "<td>") + escapeHtml(cells[c]) + (c === 1 ? "</th>" : "</td>");
-      }
-      html += "</tr>";
-    }
-    $("rows").innerHTML = html;
-    const inSet = rows.filter((cells) => cells[9] === "yes").length;
-    $("table-caption").textContent = `${rows.length} models of ${fileName}; ${inSet} in the confidence set ` +
-      `of ${$("confidence").value}.`;
+    tableRows = parseTsv(decoder.decode(table.out)).slice(1);
+    for (const cells of tableRows) cells[9] = cells[9] === "TRUE" ? "yes" : "no";
+    firstRow = 0;
+    showRows();
+    const inSet = tableRows.filter((cells) => cells[9] === "yes").length;
+    $("table-caption").textContent = `${tableRows.length} models of ${fileName}; ${inSet} in the confidence ` +
+      `set of ${$("confidence").value}.`;
     const chart = command("svg");
     $("chart").innerHTML = decoder.decode(chart.out).replace(/^<\?xml[^>]*>\s*/, "");
     const svg = $("chart").querySelector("svg");
@@ -166,7 +197,8 @@
       svg.setAttribute("aria-labelledby", "chart-title");
       svg.querySelector("title")?.setAttribute("id", "chart-title");
     }
-    say(`Read ${fileName}: ${rows.length} models.` + (table.err ? " Notes are listed below." : ""));
+    say(`Read ${fileName}: ${tableRows.length} models.` + (table.err ? " Notes are listed below." : ""));
+    performance.mark("tovarin-shown"); // for bench/web
   }
 
   function holdData(name, bytes) {
@@ -292,6 +324,14 @@
     $("count").addEventListener("keydown", (event) => {
       if (event.key === "Enter") makeReport();
     });
+    $("rows-previous").addEventListener("click", () => {
+      firstRow = Math.max(0, firstRow - kPageRows);
+      showRows();
+    });
+    $("rows-next").addEventListener("click", () => {
+      firstRow += kPageRows;
+      showRows();
+    });
     $("report-run").addEventListener("click", makeReport);
     $("report-copy").addEventListener("click", copyReport);
   }
@@ -300,6 +340,7 @@
   loadEngine().then(() => {
     showInformation();
     document.body.dataset.ready = "true";
+    performance.mark("tovarin-ready");
     say("Ready: choose, drop or paste a data file.");
   }, (error) => say(`The engine could not start in this browser: ${error.message}`));
 })();
