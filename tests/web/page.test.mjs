@@ -89,14 +89,20 @@ try {
   const options = ["--confidence", "0.9", "--sort", "file"];
   const columns = "rank,name,bic,delta_bic,weight,cumulative_weight,bayes_factor,ln_bayes_factor,evidence," +
     "in_confidence_set";
-  const tsv = cli(work, ["--format", "tsv", "--columns", columns, ...options, dataName]);
-  assert.equal(tsv.status, 0);
-  const expected = tsv.out.toString().trimEnd().split("\n").slice(1).map((line) =>
-    line.split("\t").map((cell) => cell.replace(/^"(.*)"$/, "$1").replaceAll('""', '"')
-      .replace(/^TRUE$/, "yes").replace(/^FALSE$/, "no")));
-  const shown = await page.$$eval("#rows tr", (rows) => rows.map((row) =>
+  // The table's text as tovarin-report's tsv gives it, the set as yes or no.
+  function tsvRows(name, args) {
+    const tsv = cli(work, ["--format", "tsv", "--columns", columns, ...args, name]);
+    assert.equal(tsv.status, 0);
+    const rows = tsv.out.toString().trimEnd().split("\n").slice(1).map((line) =>
+      line.split("\t").map((cell) => cell.replace(/^"(.*)"$/, "$1").replaceAll('""', '"')
+        .replace(/^TRUE$/, "yes").replace(/^FALSE$/, "no")));
+    return { rows, err: tsv.err };
+  }
+  const shownRows = () => page.$$eval("#rows tr", (rows) => rows.map((row) =>
     [...row.cells].map((cell) => cell.textContent)));
-  assert.deepEqual(shown, expected, "the table is tovarin-report's tsv");
+  const tsv = tsvRows(dataName, options);
+  const expected = tsv.rows;
+  assert.deepEqual(await shownRows(), expected, "the table is tovarin-report's tsv");
   assert.equal(await page.$eval("#problems", (pre) => pre.textContent), tsv.err, "notes as the command gives them");
 
   const svg = cli(work, ["--format", "svg", ...options, dataName]).out.toString();
@@ -136,6 +142,16 @@ try {
   assert.equal(dateless(await page.$eval("#report", (pre) => pre.textContent)),
     dateless(cli(work, ["12", dataName]).out.toString()), "the classic report");
   await accessible("the page with results");
+
+  // A long table, 200 rows at a time.
+  writeFileSync(path.join(work, "long.txt"), bics.concat(bics).flatMap((bic, i) =>
+    Array.from({ length: 20 }, (_, j) => `m${i}-${j}\t${bic + j}\n`)).join(""));
+  await choose(path.join(work, "long.txt"));
+  const long = tsvRows("long.txt", options).rows;
+  assert.equal(await page.$eval("#rows-shown", (span) => span.textContent), "Rows 1 to 200 of 480");
+  for (let click = 0; click < 2; ++click) await page.click("#rows-next");
+  assert.deepEqual(await shownRows(), long.slice(400), "the last rows");
+  assert.ok(await page.$eval("#rows-next", (button) => button.disabled));
 
   // A line the careful reading refuses: named by its line, as the command names it.
   await choose(path.join(fixtures, "decimal-comma.csv"));
