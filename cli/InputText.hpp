@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -12,6 +13,9 @@ inline constexpr std::size_t kMaxInputBytes = std::size_t{64} * 1024 * 1024;
 // Throws FileError naming it, with the system's reason, when it can't be read
 // or is larger than kMaxInputBytes.
 std::string readInputText(const std::string& operand);
+
+// Throws FileError naming `name` when `size` bytes are more than kMaxInputBytes.
+void checkInputSize(const std::filesystem::path& name, std::size_t size);
 
 // What the command reads its input with: readInputText, or, for a front end
 // that holds the bytes itself (the web page has no files and no standard

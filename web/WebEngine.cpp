@@ -3,10 +3,12 @@
 // offers is the command's to the byte and the report is the app's. The page
 // writes its input through the buffers below, calls one function, and reads
 // standard output and standard error back from the result.
+#include "cli/InputText.hpp"
 #include "cli/ReportCommand.hpp"
 #include "engine/HelpText.hpp"
 #include "engine/report/AnalysisHost.hpp"
 #include "engine/report/AnalysisRun.hpp"
+#include "system/Files.hpp"
 
 #include <emscripten/emscripten.h>
 
@@ -92,8 +94,13 @@ EMSCRIPTEN_KEEPALIVE int tovarin_command() {
     result = Result{};
     std::ostringstream out;
     std::ostringstream err;
-    const auto status = tovarin::reportCommand(splitFields(), out, err, false,
-                                               [](const std::string&) { return dataBytes; });
+    // Held to the command's limit as a file is; the page hands over one byte
+    // past it at most.
+    const auto status =
+        tovarin::reportCommand(splitFields(), out, err, false, [](const std::string& operand) {
+            tovarin::checkInputSize(tovarin::sys::pathFromUtf8(operand), dataBytes.size());
+            return dataBytes;
+        });
     result.out = std::move(out).str();
     result.err = std::move(err).str();
     return static_cast<int>(status);

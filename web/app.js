@@ -22,6 +22,8 @@
   const kRunEnd = { emptyCount: 0, badCount: 1, noFile: 2, noLowBic: 3, report: 4 };
   // The name pasted data goes by in messages, documents and the report.
   const kPastedName = "pasted.txt";
+  // tovarin-report's limit on its input (cli/InputText.hpp).
+  const kMaxInputBytes = 64 * 1024 * 1024;
 
   let engine = null;
   let fileName = null; // the data's name once the engine holds its bytes
@@ -229,7 +231,8 @@
     if (!engine) return;
     say(`Reading ${file.name}…`);
     try {
-      holdData(file.name, new Uint8Array(await file.arrayBuffer()));
+      // One byte past the command's limit is enough for the engine to refuse a file as it does.
+      holdData(file.name, new Uint8Array(await file.slice(0, kMaxInputBytes + 1).arrayBuffer()));
     } catch (error) {
       fileName = null;
       clearResults("No data file read.");

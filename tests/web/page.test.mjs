@@ -153,12 +153,17 @@ try {
   assert.deepEqual(await shownRows(), long.slice(400), "the last rows");
   assert.ok(await page.$eval("#rows-next", (button) => button.disabled));
 
-  // A line the careful reading refuses: named by its line, as the command names it.
-  await choose(path.join(fixtures, "decimal-comma.csv"));
-  const refused = cli(fixtures, ["--format", "tsv", "decimal-comma.csv"]);
-  assert.equal(await page.$eval("#problems", (pre) => pre.textContent), refused.err);
-  assert.match(refused.err, /decimal-comma\.csv:4: /);
-  assert.equal(await page.$$eval("#rows tr", (rows) => rows.length), 0);
+  // What the careful reading refuses, named as the command names it: a line
+  // with a decimal comma where commas separate, a file over 64 MiB.
+  writeFileSync(path.join(work, "huge.txt"), Buffer.alloc(64 * 1024 * 1024 + 1, "m\t1\n"));
+  for (const [folder, name, where] of [[fixtures, "decimal-comma.csv", "decimal-comma.csv:4: "],
+    [work, "huge.txt", '"huge.txt": larger than 64 MiB']]) {
+    await choose(path.join(folder, name));
+    const refused = cli(folder, ["--format", "tsv", name]);
+    assert.equal(await page.$eval("#problems", (pre) => pre.textContent), refused.err);
+    assert.ok(refused.err.includes(where), refused.err);
+    assert.equal(await page.$$eval("#rows tr", (rows) => rows.length), 0);
+  }
 
   // The worked example for the pictures, and the narrow screen without sideways scrolling.
   await page.$eval("#confidence", (input) => { input.value = "0.95"; });
