@@ -163,6 +163,7 @@ try {
     assert.equal(await page.$eval("#problems", (pre) => pre.textContent), refused.err);
     assert.ok(refused.err.includes(where), refused.err);
     assert.equal(await page.$$eval("#rows tr", (rows) => rows.length), 0);
+    assert.ok(await page.$eval("#pager", (pager) => pager.offsetParent === null), "no pager on show");
   }
 
   // The worked example for the pictures, and the narrow screen without sideways scrolling.
