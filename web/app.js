@@ -18,6 +18,8 @@
     latex: { ext: "tex", type: "application/x-tex" },
     svg: { ext: "svg", type: "image/svg+xml" },
   };
+  // tovarin-report's exit status for bad usage (cli/ExitStatus.hpp).
+  const kUsageStatus = 2;
   // How the app's run ends (engine/report/AnalysisRun.hpp, RunEnd).
   const kRunEnd = { emptyCount: 0, badCount: 1, noFile: 2, noLowBic: 3, report: 4 };
   // The name pasted data goes by in messages, documents and the report.
@@ -193,7 +195,10 @@
   // The table and the chart of the data held, for the options set.
   function showTable() {
     const table = command("tsv", ["--columns", kColumns]);
-    showProblems(table.err);
+    // A refused option (the confidence level) is the page's to say, without the command's usage lines.
+    const refusedOption = table.status === kUsageStatus;
+    $("confidence").setAttribute("aria-invalid", String(refusedOption));
+    showProblems(refusedOption ? table.err.slice(0, table.err.indexOf("\n") + 1) : table.err);
     if (table.status !== 0) {
       clearResults(`${fileName} could not be used; see what the reading found.`);
       say(`${fileName}: no table (the reasons are listed below).`);

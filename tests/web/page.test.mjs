@@ -143,6 +143,17 @@ try {
     dateless(cli(work, ["12", dataName]).out.toString()), "the classic report");
   await accessible("the page with results");
 
+  // A confidence level the command refuses: its message, without its usage lines.
+  const setConfidence = (level) => page.$eval("#confidence", (input, value) => {
+    input.value = value;
+    input.dispatchEvent(new Event("change"));
+  }, level);
+  await setConfidence("1.5");
+  const usage = cli(work, ["--format", "tsv", "--confidence", "1.5", dataName]);
+  assert.equal(usage.status, 2);
+  assert.equal(await page.$eval("#problems", (pre) => pre.textContent), usage.err.split("\n")[0] + "\n");
+  await setConfidence("0.9");
+
   // A long table, 200 rows at a time.
   writeFileSync(path.join(work, "long.txt"), bics.concat(bics).flatMap((bic, i) =>
     Array.from({ length: 20 }, (_, j) => `m${i}-${j}\t${bic + j}\n`)).join(""));
