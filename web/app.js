@@ -1,9 +1,8 @@
 // The page: hands the data file to the engine (tovarin-report's own code,
 // compiled to WebAssembly by web/WebEngine.cpp) and shows what it writes.
 // Everything happens here; nothing is sent anywhere.
-"use strict";
-
 (() => {
+  "use strict";
   const $ = (id) => document.getElementById(id);
   const decoder = new TextDecoder();
   const encoder = new TextEncoder();
@@ -34,8 +33,9 @@
   let tableRows = [];
   let firstRow = 0;
 
-  // The module travels inside tovarin-engine-wasm.js, gzip-compressed, because
-  // a page opened from disk may not fetch a file of its own.
+  // The module travels inside the page's script (web/bundle.py puts it
+  // there), gzip-compressed, because a page opened from disk may not fetch a
+  // file of its own.
   async function moduleBytes() {
     const base64 = globalThis.tovarinEngineWasm;
     let packed;
