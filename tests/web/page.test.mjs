@@ -191,8 +191,8 @@ try {
   assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= 360), "fits 360 px");
   if (pictures) await page.screenshot({ path: path.join(pictures, "web-page-narrow.png") });
 
-  // Only the site's own files; the downloads are blobs the page made.
-  const foreign = requests.filter((url) => !url.startsWith(siteUrl) && !url.startsWith("blob:"));
+  // Only the site's own files.
+  const foreign = requests.filter((url) => !url.startsWith(siteUrl));
   assert.deepEqual(foreign, [], "requests beyond the site");
   assert.deepEqual(errors, [], "errors on the page");
   assert.deepEqual(readdirSync(downloads), []);
