@@ -164,6 +164,22 @@ try {
   assert.deepEqual(await shownRows(), long.slice(400), "the last rows");
   assert.ok(await page.$eval("#rows-next", (button) => button.disabled));
 
+  // The same data pasted and dropped: the same table, under the name it goes by.
+  const example = readFileSync(path.join(source, "examples/worked-example.txt"), "utf8");
+  writeFileSync(path.join(work, "pasted.txt"), example);
+  await page.$eval("details#paste-box", (details) => { details.open = true; });
+  await page.$eval("#paste", (box, text) => { box.value = text; }, example);
+  await page.click("#paste-read");
+  assert.deepEqual(await shownRows(), tsvRows("pasted.txt", options).rows, "pasted");
+  writeFileSync(path.join(work, "dropped.txt"), example);
+  await page.$eval("#drop", (zone, text) => {
+    const data = new DataTransfer();
+    data.items.add(new File([text], "dropped.txt"));
+    zone.dispatchEvent(new DragEvent("drop", { dataTransfer: data, bubbles: true, cancelable: true }));
+  }, example);
+  await page.waitForFunction(() => document.getElementById("status").textContent.startsWith("Read dropped.txt"));
+  assert.deepEqual(await shownRows(), tsvRows("dropped.txt", options).rows, "dropped");
+
   // What the careful reading refuses, named as the command names it: a line
   // with a decimal comma where commas separate, a file over 64 MiB.
   writeFileSync(path.join(work, "huge.txt"), Buffer.alloc(64 * 1024 * 1024 + 1, "m\t1\n"));
