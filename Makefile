@@ -41,9 +41,12 @@ package: build
 bench: build
 	@bash scripts/bench.sh $(BUILD_DIR)
 
-# The README's chart, made by the built tovarin-report (a test checks it is current).
-docs: build
+# The README's chart, made by the built tovarin-report (a test checks it is
+# current), and the web page's pictures at 1280x800 and 360x740, taken by its test.
+docs: build web
 	$(BUILD_DIR)/cli/tovarin-report --format svg examples/worked-example.txt >docs/worked-example-chart.svg
+	cd tests/web && TOVARIN_WEB_SCREENSHOTS=$(CURDIR)/docs node page.test.mjs $(CURDIR)/$(WASM_DIR)/web \
+	  $(CURDIR)/$(BUILD_DIR)/cli/tovarin-report $(CURDIR)
 
 # Every tracked C++ file as clang-format leaves it; format-check only tells.
 CXX_FILES = git ls-files '*.cpp' '*.hpp'
@@ -87,3 +90,23 @@ fuzz: deps
 # build-windows/, build-wasm/) and held against this build's tovarin-report.
 portable: configure
 	@JOBS=$(JOBS) bash toolchains/portable.sh $(BUILD_DIR)
+
+# The web page: the engine as WebAssembly in a static site, build-wasm/web/
+# (the Emscripten build of `make portable`, configured here as that configures
+# it when it is not yet there). Its index.html is the last line printed; it
+# works opened from disk. web-serve serves it on 127.0.0.1:$(WEB_PORT).
+WASM_DIR ?= build-wasm
+WEB_PORT ?= 8000
+
+.PHONY: web web-serve
+
+web: deps
+	@test -f $(WASM_DIR)/build.ninja || NODE_PATH=/usr/share/nodejs cmake -S . -B $(WASM_DIR) -G Ninja \
+	  -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_TOOLCHAIN_FILE=$(CURDIR)/toolchains/emscripten.cmake \
+	  -DTOVARIN_GOOGLETEST_SOURCE=/usr/src/googletest -DTOVARIN_BUILD_GUI=OFF -DTOVARIN_BUILD_BENCH=OFF \
+	  -DTOVARIN_BUILD_PACKAGING=OFF -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
+	NODE_PATH=/usr/share/nodejs cmake --build $(WASM_DIR) -j $(JOBS) --target web_site
+	@realpath $(WASM_DIR)/web/index.html
+
+web-serve: web
+	python3 -m http.server --bind 127.0.0.1 --directory $(WASM_DIR)/web $(WEB_PORT)

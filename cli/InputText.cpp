@@ -47,15 +47,19 @@ std::string readAll(ByteSource& source, std::size_t expected) {
             break;
         }
         size += got;
-        if (size > kMaxInputBytes) {
-            throw FileError(source.name(), "larger than 64 MiB, so this is no table of models");
-        }
+        checkInputSize(source.name(), size);
     }
     text.resize(size);
     return text;
 }
 
 } // namespace
+
+void checkInputSize(const std::filesystem::path& name, std::size_t size) {
+    if (size > kMaxInputBytes) {
+        throw FileError(name, "larger than 64 MiB, so this is no table of models");
+    }
+}
 
 std::string readInputText(const std::string& operand) {
     if (operand == "-") {

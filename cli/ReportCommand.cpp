@@ -177,7 +177,7 @@ ExitStatus classicCommand(const std::vector<std::string>& operands, std::ostream
 } // namespace
 
 ExitStatus reportCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
-                         bool hints) {
+                         bool hints, const InputReader& readInput) {
     std::vector<std::string> operands;
     bool optionsEnded = false;
     bool tableForm = false;
@@ -205,7 +205,7 @@ ExitStatus reportCommand(const std::vector<std::string>& args, std::ostream& out
         if (const auto* problem = std::get_if<std::string>(&parsed)) {
             return usageError(err, *problem);
         }
-        return tableCommand(std::get<TableOptions>(parsed), out, err);
+        return tableCommand(std::get<TableOptions>(parsed), out, err, readInput);
     }
     if (operands.size() < 2) {
         return usageError(err, operands.empty() ? "missing COUNT and FILE" : "missing FILE");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/ExitStatus.hpp"
+#include "cli/InputText.hpp"
 
 #include <ostream>
 #include <string>
@@ -13,9 +14,9 @@ namespace tovarin {
 // with `hints`, one more line on `err` may point out a likely misread.
 // `tovarin-report --format FORMAT ... FILE`: the careful reading and the
 // tables (cli/TableCommand.hpp). `args` are the arguments without the program
-// name. Returns the exit status; OutputFailed is main's, which owns standard
-// output.
+// name. The table forms read their input with `readInput`. Returns the exit status;
+// OutputFailed is main's, which owns standard output.
 ExitStatus reportCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
-                         bool hints = false);
+                         bool hints = false, const InputReader& readInput = readInputText);
 
 } // namespace tovarin

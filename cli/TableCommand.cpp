@@ -79,13 +79,14 @@ void noteTie(const TableDocument& table, const std::string& file, std::ostream& 
 
 } // namespace
 
-ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ostream& err) {
+ExitStatus tableCommand(const TableOptions& options, std::ostream& out, std::ostream& err,
+                        const InputReader& readInput) {
     const std::string file = inputMessageName(options.file);
     // The models' names are views of the text, which lives until the rows have their own copies.
     std::string text;
     ModelTableRead read;
     try {
-        text = readInputText(options.file);
+        text = readInput(options.file);
         read = readModelTable(text, options.read);
     } catch (const FileError& error) {
         err << kPrefix << error.what() << '\n';

@@ -15,14 +15,30 @@ packages=(
   texlive-latex-base texlive-latex-recommended texlive-latex-extra
   dpkg-dev file lintian desktop-file-utils appstream man-db bash-completion
   libc++-14-dev libc++abi-14-dev libfast-float-dev libfmt-dev googletest
-  g++-mingw-w64-x86-64-posix wine wine64 emscripten node-acorn
+  g++-mingw-w64-x86-64-posix wine wine64 emscripten node-acorn chromium
 )
 
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
 done
-[ ${#missing[@]} -eq 0 ] && exit 0
+# Node may come with its own npm (a Node from outside Debian); Debian's is the fallback.
+command -v npm >/dev/null || missing+=(npm)
+
+# The web page's test drives Chromium with puppeteer-core and checks it with
+# axe-core, both from npm at the versions tests/web/package-lock.json locks;
+# installed again only when the lock changes.
+web_test=$(cd "$(dirname "$0")/../tests/web" && pwd)
+npm_modules() {
+  if [ ! "$web_test/node_modules/.package-lock.json" -nt "$web_test/package-lock.json" ]; then
+    (cd "$web_test" && npm ci --no-audit --no-fund --loglevel=error)
+  fi
+}
+
+if [ ${#missing[@]} -eq 0 ]; then
+  npm_modules
+  exit 0
+fi
 
 echo "Installing: ${missing[*]}"
 sudo=""
@@ -33,3 +49,4 @@ fi
 export DEBIAN_FRONTEND=noninteractive
 $sudo apt-get update -qq
 $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}" </dev/null
+npm_modules

@@ -3,7 +3,8 @@
 # files git tracks, C++ counted as clang-format leaves it (packing lines past
 # the formatter changes nothing): every file under tests/, against the sources
 # under engine/ text/ system/ framework/ ui/ app/ cli/ web/, the help text's data
-# (files named *helptext*, in any case) left out.
+# (files named *helptext*, in any case) left out, and npm's lock file, which npm
+# writes, left out of the tests.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -16,7 +17,7 @@ non_blank() { # FILE... -> the number of non-blank lines in all of them
         esac
     done | grep -c -v '^[[:space:]]*$' || true
 }
-mapfile -t test_files < <(git ls-files -- tests)
+mapfile -t test_files < <(git ls-files -- tests | grep -v '(^|/)package-lock\.json$' -E)
 mapfile -t product_files < <(git ls-files -- engine text system framework ui app cli web |
     grep -E '\.(cpp|hpp|h|js|mjs|html|css)$' | grep -v -i -E '(^|/)[^/]*helptext[^/]*$')
 tests=$(non_blank "${test_files[@]}")

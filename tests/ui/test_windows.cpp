@@ -4,6 +4,7 @@
 #include "tests/QtTestMain.hpp"
 
 #include "app/Startup.hpp"
+#include "engine/HelpText.hpp"
 #include "engine/report/LocalDateTime.hpp"
 #include "framework/Canvas.hpp"
 #include "framework/Dialogs.hpp"
@@ -13,7 +14,6 @@
 #include "ui/MenuBar1.hpp"
 #include "ui/main/ControlWnd.hpp"
 #include "ui/secondary/AboutWnd.hpp"
-#include "ui/secondary/HelpText.hpp"
 #include "ui/secondary/helpWnd.hpp"
 
 #include <QClipboard>

@@ -1,10 +1,10 @@
 #include "ui/secondary/helpWnd.hpp"
 
+#include "engine/HelpText.hpp"
 #include "framework/TextArea.hpp"
 #include "ui/MainWindow.hpp"
 #include "ui/MenuBar1.hpp"
 #include "ui/MenuItems.hpp"
-#include "ui/secondary/HelpText.hpp"
 
 #include <QFontDatabase>
 #include <QGuiApplication>

@@ -1,4 +1,4 @@
-#include "ui/secondary/HelpText.hpp"
+#include "engine/HelpText.hpp"
 
 #include "engine/Version.hpp"
 

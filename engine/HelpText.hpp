@@ -5,8 +5,8 @@
 
 namespace tovarin {
 
-// The manual shown in the Information window: UTF-8, lines separated by a lone
-// CR (no LF anywhere), no final line break.
+// The manual shown in the Information window and on the web page: UTF-8,
+// lines separated by a lone CR (no LF anywhere), no final line break.
 std::string_view helpText();
 
 // Characters of the title that opens the text ("Tovarin"), the only bold run.
