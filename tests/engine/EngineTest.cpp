@@ -10,7 +10,6 @@
 #include "engine/report/DataFileReader.hpp"
 #include "engine/report/LineReader.hpp"
 #include "engine/report/Messages.hpp"
-#include "system/ShortTimeFormat.hpp"
 
 #include <gtest/gtest.h>
 
@@ -292,22 +291,6 @@ TEST(Results, EqualARowOrderReferenceBitForBit) {
         }
     }
     EXPECT_GT(orderShows, 0);
-}
-
-// The report's short time from a locale's time format (glibc's T_FMT and
-// T_FMT_AMPM of C, de_DE, en_US, ja_JP, ko_KR and fi_FI): 12-hour where the
-// locale writes 12-hour time, never with seconds.
-TEST(LocalDateTime, ShortTimeKeepsTheLocaleFormWithoutSeconds) {
-    const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"%H:%M:%S", "%I:%M:%S %p", "%H:%M"},
-        {"%T", "", "%H:%M"},
-        {"%r", "%I:%M:%S %p", "%I:%M %p"},
-        {"%H時%M分%S秒", "%p%I時%M分%S秒", "%H時%M分"},
-        {"%H시 %M분 %S초", "%p %I시 %M분 %S초", "%H시 %M분"},
-        {"%H.%M.%S", "", "%H.%M"},
-        {"", "", "%H:%M"}};
-    for (const auto& [timeFormat, amPm, expected] : cases)
-        EXPECT_EQ(sys::shortTimeFormat(timeFormat, amPm), expected) << timeFormat;
 }
 
 } // namespace
