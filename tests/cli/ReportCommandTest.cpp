@@ -5,19 +5,38 @@
 #include "engine/Version.hpp"
 #include "engine/report/BicStatistics.hpp"
 #include "engine/report/Messages.hpp"
-#include "tests/engine/TestFiles.hpp"
 
 #include <gtest/gtest.h>
 
 #include <cfloat>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <map>
 #include <random>
 #include <sstream>
 
 namespace tovarin {
 namespace {
+
+// A fresh folder for one test's data files, removed with the object.
+class TempFolder {
+public:
+    TempFolder() { std::filesystem::create_directories(path_); }
+    ~TempFolder() { std::filesystem::remove_all(path_, ignored_); }
+    std::filesystem::path write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(path_ / name, std::ios::binary) << bytes;
+        return path_ / name;
+    }
+    const std::filesystem::path& path() const { return path_; }
+
+private:
+    std::filesystem::path path_ = std::filesystem::temp_directory_path() /
+                                  ("tovarin-test-" + std::to_string(std::random_device{}()) +
+                                   std::to_string(std::random_device{}()));
+    std::error_code ignored_;
+};
 
 struct Outcome {
     int status;
@@ -31,7 +50,7 @@ Outcome run(const std::vector<std::string>& args, bool hints = false) {
 }
 
 TEST(ReportCommand, ExitStatusAndMessageForEachEnding) {
-    const test::TempFolder folder;
+    const TempFolder folder;
     const std::string two = folder.write("two.txt", "A\t100\nB\t130\n").string();
     const std::string high = folder.write("high.txt", "A\t1e11\nB\t2e11\n").string();
     const std::string zero = folder.write("zero.txt", "A\t0\nB\t3\n").string();
@@ -78,7 +97,7 @@ TEST(ReportCommand, HelpAndVersionGoToStandardOutput) {
 // The hint is one more line behind the run's own messages; the report itself
 // doesn't change.
 TEST(ReportCommand, ClassicHintFollowsTheMessages) {
-    const test::TempFolder folder;
+    const TempFolder folder;
     const std::pair<std::string, std::string> cases[] = {
         {"Model\tBIC\nA\t1\nB\t2\n", "f:1: looks like a header line"},
         {"lm_base;2451.5\nB;2\n", "f:1: separates its fields with a semicolon"},
@@ -129,7 +148,7 @@ std::string randomSet(std::mt19937_64& random, std::vector<double>& bics) {
 }
 
 TEST(TableFormats, AgreeWithLogSumExpAndTheReportsDoubles) {
-    const test::TempFolder folder;
+    const TempFolder folder;
     std::mt19937_64 random(20261123);
     for (int set = 0; set < 300; ++set) {
         std::vector<double> bics;
@@ -199,7 +218,7 @@ TEST(TableFormats, AgreeWithLogSumExpAndTheReportsDoubles) {
 }
 
 TEST(TableFormats, CarefulReadingNamesFileAndLine) {
-    const test::TempFolder folder;
+    const TempFolder folder;
     struct Case {
         std::string content, extra,
             err; // err: the part of stderr (or of the table) that must be there
@@ -283,7 +302,7 @@ TEST(TableFormats, ReachTheStreamInBoundedPieces) {
             return traits_type::not_eof(c);
         }
     };
-    const test::TempFolder folder;
+    const TempFolder folder;
     std::string text;
     for (int i = 0; i < 20000; ++i)
         text += "model_" + std::to_string(i) + "," + std::to_string(1000 + i % 977) + ".25\n";
