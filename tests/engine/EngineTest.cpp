@@ -158,26 +158,6 @@ TEST(Run, EndsAsExpectedWhateverTheFileHolds) {
     }
 }
 
-TEST(Run, UnreadableFileRaisesWithItsReasonBeforeAnyPiece) {
-    FakeHost host;
-    host.count = "2";
-    for (const auto& [file, reason] :
-         {std::pair{std::filesystem::temp_directory_path(), "directory"},
-          {std::filesystem::path("/dev/zero"), "longer than"}}) {
-        host.file = file;
-        std::string what = "no error";
-        try {
-            runAnalysis(host);
-        } catch (const FileError& error) {
-            what = error.what();
-        }
-        EXPECT_TRUE(what.find(file.string() + "\": ") != what.npos &&
-                    what.find(reason) != what.npos)
-            << what;
-    }
-    EXPECT_EQ(host.events, (Texts{"choose", "choose"}));
-}
-
 // Hands out its bytes one at a time, so every line end falls across reads.
 struct TrickleSource : MemorySource {
     using MemorySource::MemorySource;
