@@ -210,8 +210,6 @@ private slots:
             for (const auto& [key, modifiers, after] :
                  {std::tuple<Qt::Key, Qt::KeyboardModifiers, QString>{
                       Qt::Key_S, Qt::ControlModifier, "1 |1 xy"},
-                  {Qt::Key_O, Qt::ControlModifier, "1 |1 xy"},
-                  {Qt::Key_N, Qt::ControlModifier, "1 |1 xy"},
                   {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "1 |1 xy"},
                   {Qt::Key_A, Qt::ControlModifier, "0 xy|0 xy"},
                   {Qt::Key_Backtab, Qt::ShiftModifier, "0 |0 xy"}}) {
@@ -239,7 +237,6 @@ private slots:
     // start state. Clear then goes back to that state.
     void endings() {
         const QByteArray two = "Alpha\t100.5\nBeta,102\n";
-        const QString zero = "BIC value of zero. Results are probably invalid. Check the data.";
         // Count, the file chosen ("" for a cancel), its data, the message, what the report shows
         // ("" for no report, "!" and a reason for a failure); the last run starts from the start
         // state.
@@ -248,9 +245,6 @@ private slots:
             {"2", "", two, "", ""},
             {"2", "gone.txt", two, "", ""},
             {"2", "pipe", two, "", "!named pipe"},
-            {"2", "models.txt", "A\t1e12\nB\t1e12\n",
-             "Sorry, can't find low BIC value. Check the data.", ""},
-            {"2", "models.txt", "Alpha\t0\nBeta\t1\n", zero, "Alpha"},
             {"2", "models.txt",
              "\xff"
              "A\t1\nB\t2\n",
@@ -429,26 +423,18 @@ private slots:
         }
     }
 
-    // Shown again as the About item shows it, the splash goes at a press on it
-    // or its controls, or at closing, leaving the one main window in front.
+    // Shown again as the About item shows it, the splash goes at a key or at closing, not at a
+    // modifier alone, leaving the one main window in front (clicks anywhere on it: the soak).
     void pressesDismissTheSplash() {
         AboutWnd& about = fw::instance<AboutWnd>();
         ControlWnd* const main = &window();
-        for (const auto& [target, input] : {std::pair{"", "mouse"},
-                                            {"Canvas2", "mouse"},
-                                            {"StaticText2", "Z"},
-                                            {"", "Z"},
-                                            {"", "Shift"},
-                                            {"", "close"}}) {
+        for (const char* input : {"Z", "Shift", "close"}) {
             about.showWindow();
             QVERIFY(QTest::qWaitForWindowExposed(&about));
-            QWidget* widget = *target ? about.content()->findChild<QWidget*>(target) : &about;
-            if (input == QLatin1String("mouse"))
-                QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(5, 5));
-            else if (input == QLatin1String("close"))
+            if (input == QLatin1String("close"))
                 QVERIFY(!about.close()); // refused: the window stays, hidden
             else
-                QTest::keyClick(widget, *input == 'Z' ? Qt::Key_Z : Qt::Key_Shift);
+                QTest::keyClick(&about, *input == 'Z' ? Qt::Key_Z : Qt::Key_Shift);
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             QVERIFY2(about.isVisible() == (*input == 'S'), input);
             QCOMPARE(fw::openInstance<ControlWnd>(), main); // the same main window, not a second
