@@ -17,9 +17,7 @@ namespace {
 TEST(Format, SignsAndValuesThatAreNotFinite) {
     for (const auto& [value, mask, text] : {std::tuple{-123.45, kBicMask, "-123.45"},
                                             {-0.00001, kBicMask, "+0.0"},
-                                            {-0.00001, kDifferenceMask, "0.00"},
                                             {-HUGE_VAL, kBicMask, "-inf"},
-                                            {HUGE_VAL, kBayesFactorMask, "inf"},
                                             {std::nan(""), kBicMask, "nan"}})
         EXPECT_EQ(Format(value, mask), text) << value << " through " << mask.text;
 }
