@@ -1,7 +1,5 @@
-// The analysis engine: the whole run through a recording host (count
-// refusals, the ways a run ends, every hostile data file held in memory,
-// unreadable files), the line reader and the data lines, and the statistics
-// against an independent reference.
+// The analysis engine: the whole run through a recording host, the line reader and the data
+// lines, and the statistics against an independent reference.
 #include "engine/ByteSource.hpp"
 #include "engine/FileError.hpp"
 #include "engine/Version.hpp"

@@ -1,6 +1,4 @@
-// The program on the offscreen platform, the dialogs answered by the test: start-up and the
-// splash, the main window's key filters and run endings, the menus, the Information window,
-// quitting.
+// The program on the offscreen platform, the dialogs answered by the test.
 #include "tests/QtTestMain.hpp"
 
 #include "app/Startup.hpp"
@@ -122,8 +120,7 @@ class WindowsTest : public QObject {
     QTemporaryDir folder_;
 
 private slots:
-    // The splash alone, whose timer shows the main window after 4000 ms; a missing picture is no
-    // failure.
+    // The splash shows the main window after 4000 ms; a missing picture is no failure.
     void initTestCase() {
         init();
         QElapsedTimer sinceSplash;
@@ -140,7 +137,6 @@ private slots:
         QCOMPARE(messages_ + failures_, QStringList());
     }
 
-    // Each test starts from a main window made afresh, shown and active.
     void init() {
         messages_ = failures_ = {};
         beeps_ = choices_ = 0;
@@ -199,8 +195,7 @@ private slots:
                                                          : accepted && edits.contains(code)
                                                              ? "|" + edits[code]
                                                              : "|x" + typed + "y"));
-        QVERIFY(!countField ||
-                !results.document()->isUndoAvailable()); // the emptying is no edit to take back
+        QVERIFY(!countField || !results.document()->isUndoAvailable()); // no edit to undo
     }
 
     // Command keys are keys like others, refused by both filters, but for the menu bar's own
@@ -238,8 +233,7 @@ private slots:
     void endings() {
         const QByteArray two = "Alpha\t100.5\nBeta,102\n";
         // Count, the file chosen ("" for a cancel), its data, the message, what the report shows
-        // ("" for no report, "!" and a reason for a failure); the last run starts from the start
-        // state.
+        // ("" for none, "!" and a reason for a failure); the last run starts from the start state.
         const std::tuple<QString, QString, QByteArray, QString, QString> rows[] = {
             {"", "models.txt", two, "Please enter the number of models in the set (2-99).", ""},
             {"2", "", two, "", ""},
@@ -274,8 +268,7 @@ private slots:
             QWidget* const focus = QApplication::focusWidget();
             window().pFld()->setText(count);
             const DateTimeText now = currentLocalDateTime();
-            QTest::mousePress(window().calcBtn(),
-                              Qt::LeftButton); // the whole run happens at the press
+            QTest::mousePress(window().calcBtn(), Qt::LeftButton); // the run is at the press
             QTest::mouseRelease(window().calcBtn(), Qt::LeftButton);
 
             QCOMPARE(messages_.join(";") + "|" + QString::number(choices_) + "|" +
@@ -295,8 +288,7 @@ private slots:
                 text.startsWith(earlier + QString::fromStdString("Date: " + now.shortDate + "  ")),
                 qPrintable(text));
             QVERIFY(text.contains("\nFile: " + choice + "\n") && text.contains(shows));
-            QVERIFY(!window().ResultsFld()->document()->isUndoAvailable()); // the report is no edit
-                                                                            // of the user's
+            QVERIFY(!window().ResultsFld()->document()->isUndoAvailable()); // not the user's edit
             QTextCursor head(window().ResultsFld()->document());
             head.setPosition(int(earlier.size()) + 1); // the format of the character before
             QCOMPARE(head.charFormat().fontWeight(), int(QFont::Bold));
@@ -308,8 +300,7 @@ private slots:
         }
     }
 
-    // The main window's items bring the other windows to the front, and the
-    // front window decides which items are enabled.
+    // The main window's items bring the others to the front; the front window enables items.
     void frontWindowEnables() {
         for (const auto& [how, enabled] : {std::pair{"", "AboutItem FileQuit InfoItem"},
                                            {"InfoItem", "ControlItem FileQuit"},
@@ -373,8 +364,7 @@ private slots:
         }
     }
 
-    // A window on a screen of another density gets that density's picture, the plain or the @2x
-    // one, whichever was asked for first.
+    // Each density gets its picture, the plain or the @2x one, whichever was asked for first.
     void picturesForEachDensity() {
         QTemporaryDir folder;
         for (const QString name : {"Tovarinbanner", "Icon256"}) {
@@ -402,14 +392,12 @@ private slots:
         }
     }
 
-    // Each opening shows the manual afresh with the literal once behind it and the title alone
-    // bold.
+    // Each opening shows the manual afresh, the literal once behind it, the title alone bold.
     void informationWindow() {
         for (int opening = 0; opening < 2; ++opening) {
             init();
             fw::instance<helpWnd>().showWindow();
-            fw::instance<helpWnd>()
-                .showWindow(); // shown again while open: still one instance, one text
+            fw::instance<helpWnd>().showWindow(); // again while open: one instance, one text
             const fw::TextArea& area = *fw::instance<helpWnd>().EditField1();
             QCOMPARE(area.toPlainText(),
                      QString::fromUtf8(helpText().data(), qsizetype(helpText().size()))
@@ -463,8 +451,7 @@ private slots:
         about.showWindow();
         QVERIFY(QTest::qWaitForWindowActive(&about));
         QTimer::singleShot(0, [&] { QTest::keyClick(&about, Qt::Key_Q, Qt::ControlModifier); });
-        QTimer::singleShot(10000,
-                           [] { QCoreApplication::exit(99); }); // only if the shortcut did nothing
+        QTimer::singleShot(10000, [] { QCoreApplication::exit(99); }); // if Ctrl+Q did nothing
         QCOMPARE(QCoreApplication::exec(), 0);
     }
 };
