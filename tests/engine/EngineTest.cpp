@@ -110,12 +110,6 @@ TEST(Run, EndsAsExpectedWhateverTheFileHolds) {
          {},
          2,
          {"\rNNNNNNNN    +10.0 ", "\réééééééé    +20.0 "}},
-        {"99",
-         joined(10000,
-                [](int i) { return "M" + std::to_string(i) + "\t" + std::to_string(i) + "\n"; }),
-         {},
-         99,
-         {"\rM99 ", "+99.0"}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.count + " " + c.bytes.substr(0, 40));
