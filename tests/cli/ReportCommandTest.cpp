@@ -1,6 +1,5 @@
-// tovarin-report in process: the classic form's endings and hints, the table
-// formats against an independent computation in long double and the classic
-// report's own doubles, and the careful reading's refusals with their line numbers.
+// tovarin-report in process: endings, hints, the tables against long double and the
+// classic report's own doubles, the careful reading's refusals.
 #include "cli/ReportCommand.hpp"
 #include "engine/Version.hpp"
 #include "engine/report/BicStatistics.hpp"
