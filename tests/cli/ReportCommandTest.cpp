@@ -1,23 +1,41 @@
-// tovarin-report in process: the classic form's endings and hints, the table
-// formats against an independent computation in long double and the classic
-// report's own doubles, and the careful reading's refusals with their line numbers.
+// tovarin-report in process: endings, hints, the tables against long double and the
+// classic report's own doubles, the careful reading's refusals.
 #include "cli/ReportCommand.hpp"
 #include "engine/Version.hpp"
 #include "engine/report/BicStatistics.hpp"
 #include "engine/report/Messages.hpp"
-#include "tests/engine/TestFiles.hpp"
 
 #include <gtest/gtest.h>
 
 #include <cfloat>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <map>
 #include <random>
 #include <sstream>
 
 namespace tovarin {
 namespace {
+
+// A fresh folder for one test's data files, removed with the object.
+class TempFolder {
+public:
+    TempFolder() { std::filesystem::create_directories(path_); }
+    ~TempFolder() { std::filesystem::remove_all(path_, ignored_); }
+    std::filesystem::path write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(path_ / name, std::ios::binary) << bytes;
+        return path_ / name;
+    }
+    const std::filesystem::path& path() const { return path_; }
+
+private:
+    std::filesystem::path path_ = std::filesystem::temp_directory_path() /
+                                  ("tovarin-test-" + std::to_string(std::random_device{}()) +
+                                   std::to_string(std::random_device{}()));
+    std::error_code ignored_;
+};
 
 struct Outcome {
     int status;
@@ -31,7 +49,7 @@ Outcome run(const std::vector<std::string>& args, bool hints = false) {
 }
 
 TEST(ReportCommand, ExitStatusAndMessageForEachEnding) {
-    const test::TempFolder folder;
+    const TempFolder folder;
     const std::string two = folder.write("two.txt", "A\t100\nB\t130\n").string();
     const std::string high = folder.write("high.txt", "A\t1e11\nB\t2e11\n").string();
     const std::string zero = folder.write("zero.txt", "A\t0\nB\t3\n").string();
@@ -45,13 +63,12 @@ TEST(ReportCommand, ExitStatusAndMessageForEachEnding) {
     };
     const Case cases[] = {{{"", two}, 2, kEmptyCountMessage + line, false},
                           {{"abc", two}, 2, kBadCountMessage + line, false},
-                          {{"100", two}, 2, kBadCountMessage + line, false},
-                          {{"2.9", two}, 0, "", true},
                           {{"--", "2", two}, 0, "", true},
                           {{"2", high}, 1, kNoLowBicMessage + line, false},
                           {{"2", zero}, 0, kZeroBicMessage + line, true},
                           {{"2", missing}, 1, missing, false},
                           {{"2", folder.path().string()}, 1, folder.path().string(), false},
+                          {{"2", "/dev/zero"}, 1, "/dev/zero\": a line is longer than", false},
                           {{}, 2, "Usage: tovarin-report COUNT FILE", false},
                           {{"3"}, 2, "missing FILE", false},
                           {{"3", "a", "b"}, 2, "too many", false},
@@ -78,7 +95,7 @@ TEST(ReportCommand, HelpAndVersionGoToStandardOutput) {
 // The hint is one more line behind the run's own messages; the report itself
 // doesn't change.
 TEST(ReportCommand, ClassicHintFollowsTheMessages) {
-    const test::TempFolder folder;
+    const TempFolder folder;
     const std::pair<std::string, std::string> cases[] = {
         {"Model\tBIC\nA\t1\nB\t2\n", "f:1: looks like a header line"},
         {"lm_base;2451.5\nB;2\n", "f:1: separates its fields with a semicolon"},
@@ -129,7 +146,7 @@ std::string randomSet(std::mt19937_64& random, std::vector<double>& bics) {
 }
 
 TEST(TableFormats, AgreeWithLogSumExpAndTheReportsDoubles) {
-    const test::TempFolder folder;
+    const TempFolder folder;
     std::mt19937_64 random(20261123);
     for (int set = 0; set < 300; ++set) {
         std::vector<double> bics;
@@ -199,14 +216,13 @@ TEST(TableFormats, AgreeWithLogSumExpAndTheReportsDoubles) {
 }
 
 TEST(TableFormats, CarefulReadingNamesFileAndLine) {
-    const test::TempFolder folder;
+    const TempFolder folder;
     struct Case {
         std::string content, extra,
             err; // err: the part of stderr (or of the table) that must be there
         int status;
     };
     const Case cases[] = {
-        {"model;BIC\nlm_base;2451,37\nlm_b;2449\n", "", "lm_base,2451.37,", 0},
         {"A\t100,5\nB\t2.5\n", "", "f:2: a decimal point, where line 1 has a decimal comma", 1},
         {"A,2451,37\n", "", "f:1: 3 fields and no header line to name them", 1},
         {"A,\"2,5\"\n", "", "f:1: the BIC \"2,5\" is not a number (a decimal comma?", 1},
@@ -283,7 +299,7 @@ TEST(TableFormats, ReachTheStreamInBoundedPieces) {
             return traits_type::not_eof(c);
         }
     };
-    const test::TempFolder folder;
+    const TempFolder folder;
     std::string text;
     for (int i = 0; i < 20000; ++i)
         text += "model_" + std::to_string(i) + "," + std::to_string(1000 + i % 977) + ".25\n";

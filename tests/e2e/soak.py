@@ -1,15 +1,7 @@
 #!/usr/bin/python3
-"""soak.py TOVARIN TOVARIN_REPORT: the real app on a private X server under a
-stream of random but valid input for TOVARIN_SOAK_SECONDS (60 by default):
-counts typed and other keys in the count field, runs through the file dialog
-with good, hostile and cancelled choices and the message boxes they bring,
-Clear, the Information and About windows and the ways to leave them, menu
-items and their shortcuts. After every step the event loop must answer a ping
-within a second, and the results, read as a screen reader reads them, must
-hold exactly the reports of the runs since the last Clear or key in the count
-field, as tovarin-report writes them. Ends with Ctrl+Q or closing the main
-window, and status 0. Runs on a session bus and in a runtime folder of its
-own. TOVARIN_SOAK_SEED repeats a run. Exit status 77 (skipped): Xvfb, dbus,
+"""soak.py TOVARIN TOVARIN_REPORT: the real app on a private X server under random but valid
+input for TOVARIN_SOAK_SECONDS (60), its results held against tovarin-report's after every step
+(README.md, Reliability). TOVARIN_SOAK_SEED repeats a run. Exit status 77 (skipped): Xvfb, dbus,
 python3-xlib or python3-pyatspi missing."""
 import os, random, select, shutil, subprocess, sys, tempfile, time
 
@@ -72,10 +64,6 @@ def windows():
     return found
 
 
-def stacking():  # the ids of the top-level windows, bottom to top
-    return [window.id for window in root.query_tree().children]
-
-
 def titled(title):
     return next((w for w, (_, _, t) in windows().items() if t == title), None)
 
@@ -95,14 +83,6 @@ def others(menus):
         if w != main and title != 'Info' and bool(placed_by_qt) == menus and not tip:
             return w
     return None
-
-
-def popup():  # a menu
-    return others(menus=True)
-
-
-def dialog():  # a file dialog or a message box
-    return others(menus=False)
 
 
 def gone(window):
@@ -248,9 +228,9 @@ try:
             ping()
             click(window, 20, bar // 2)
             deadline = time.monotonic() + 1
-            while not popup() and time.monotonic() < deadline:
+            while not others(menus=True) and time.monotonic() < deadline:
                 time.sleep(0.01)
-            if menu := popup():
+            if menu := others(menus=True):
                 break
         else:
             fail('three clicks on File opened no menu')
@@ -281,7 +261,7 @@ try:
             front(main)
             click(main, 107, bar + 555)
             if oracle.returncode != 2:  # the count passed: the file dialog
-                chooser = wait_for('the file dialog', dialog)
+                chooser = wait_for('the file dialog', lambda: others(menus=False))
                 front(chooser)
                 if choice is None:
                     press('Escape')
@@ -297,7 +277,7 @@ try:
             messages = oracle.stderr.splitlines() if choice or oracle.returncode == 2 else []
             history[-1] += f' {choice}: {len(messages)} messages'
             for _ in messages:  # each dismissed with Return, its default button
-                box = wait_for('a message box', dialog)
+                box = wait_for('a message box', lambda: others(menus=False))
                 front(box)
                 press('Return')
                 wait_for('the message box to close', gone(box))
@@ -321,6 +301,7 @@ try:
             if leave == 'control':
                 open_menu(info, 2)
                 press('Down', 'Return')  # Window > Control
+                stacking = lambda: [window.id for window in root.query_tree().children]  # bottom to top
                 wait_for('the main window in front', lambda: stacking().index(main) > stacking().index(info))
             elif leave == 'close':
                 window_message(info, 'WM_DELETE_WINDOW')

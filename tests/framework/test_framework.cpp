@@ -85,8 +85,7 @@ private slots:
             for (int turn = 1; turn <= 2; ++turn) {
                 reported.clear();
                 if (where == "menu")
-                    QVERIFY(
-                        window_->handleMenuItem("InfoItem")); // a failed handler counts as handled
+                    QVERIFY(window_->handleMenuItem("InfoItem")); // a failure counts as handled
                 else if (where == "timer")
                     new OneShotTimer(
                         1, [=] { fail(); }, window_);

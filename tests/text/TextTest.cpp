@@ -17,9 +17,7 @@ namespace {
 TEST(Format, SignsAndValuesThatAreNotFinite) {
     for (const auto& [value, mask, text] : {std::tuple{-123.45, kBicMask, "-123.45"},
                                             {-0.00001, kBicMask, "+0.0"},
-                                            {-0.00001, kDifferenceMask, "0.00"},
                                             {-HUGE_VAL, kBicMask, "-inf"},
-                                            {HUGE_VAL, kBayesFactorMask, "inf"},
                                             {std::nan(""), kBicMask, "nan"}})
         EXPECT_EQ(Format(value, mask), text) << value << " through " << mask.text;
 }
@@ -104,11 +102,7 @@ TEST(Characters, LenAndLeft) {
         {"\xc0\xaf", 2, 1, "\xc0"},
         {"\xed\xa0\x80", 3, 1, "\xed"},
         {"\xf4\x90\x80\x80", 4, 2, "\xf4\x90"},
-        {"\xe2\x80"
-         "a–",
-         4, 3,
-         "\xe2\x80"
-         "a"}};
+        {"\xe2\x80z–", 4, 3, "\xe2\x80z"}};
     for (const auto& [text, length, count, left] : cases)
         EXPECT_EQ(std::to_string(Len(text)) + std::string(Left(text, count)),
                   std::to_string(length) + left);
