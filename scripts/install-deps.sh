@@ -8,7 +8,7 @@ packages=(
   qt6-base-dev qt6-qpa-plugins libqt6test6 libgl-dev
   libgtest-dev libgmock-dev libbenchmark-dev python3
   clang-14 clang-format libclang-rt-14-dev locales
-  xvfb xauth xdotool xclip x11-utils libx11-dev
+  xvfb xauth xdotool x11-utils libx11-dev
   weston qt6-wayland dbus at-spi2-core python3-pyatspi python3-xlib
   imagemagick fonts-dejavu-core librsvg2-bin
   r-base-core python3-pandas pandoc poppler-utils lmodern
