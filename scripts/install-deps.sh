@@ -26,9 +26,9 @@ done
 command -v npm >/dev/null || missing+=(npm)
 
 # The web page's test drives Chromium with puppeteer-core and checks it with
-# axe-core, both from npm at the versions tests/web/package-lock.json locks;
+# axe-core, both from npm at the versions package-lock.json locks;
 # installed again only when the lock changes.
-web_test=$(cd "$(dirname "$0")/../tests/web" && pwd)
+web_test=$(cd "$(dirname "$0")/.." && pwd) # the project, where package.json is
 npm_modules() {
   if [ ! "$web_test/node_modules/.package-lock.json" -nt "$web_test/package-lock.json" ]; then
     (cd "$web_test" && npm ci --no-audit --no-fund --loglevel=error)

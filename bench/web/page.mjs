@@ -11,8 +11,8 @@ import { tmpdir } from "node:os";
 import path from "node:path";
 import { pathToFileURL } from "node:url";
 
-// puppeteer-core as the page's test installs it (tests/web/node_modules).
-const require = createRequire(new URL("../../tests/web/package.json", import.meta.url));
+// puppeteer-core as the page's test installs it (node_modules/ at the top).
+const require = createRequire(new URL("../../package.json", import.meta.url));
 const puppeteer = require("puppeteer-core");
 const site = path.resolve(process.argv[2] ?? "build-wasm/web");
 const runs = Number(process.argv[3] ?? 10);

@@ -13,7 +13,7 @@ import { pathToFileURL } from "node:url";
 const [site, report, source] = process.argv.slice(2).map((p) => path.resolve(p));
 const chromium = "/usr/bin/chromium";
 const here = path.dirname(new URL(import.meta.url).pathname);
-const axeScript = path.join(here, "node_modules/axe-core/axe.min.js");
+const axeScript = path.join(here, "../../node_modules/axe-core/axe.min.js");
 for (const [what, file] of [["chromium", chromium], ["npm modules (make deps)", axeScript],
   ["the site (make web)", path.join(site, "index.html")]]) {
   if (!existsSync(file)) {
