@@ -101,10 +101,7 @@ WEB_PORT ?= 8000
 .PHONY: web web-serve
 
 web: deps
-	@test -f $(WASM_DIR)/build.ninja || NODE_PATH=/usr/share/nodejs cmake -S . -B $(WASM_DIR) -G Ninja \
-	  -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_TOOLCHAIN_FILE=$(CURDIR)/toolchains/emscripten.cmake \
-	  -DTOVARIN_GOOGLETEST_SOURCE=/usr/src/googletest -DTOVARIN_BUILD_GUI=OFF -DTOVARIN_BUILD_BENCH=OFF \
-	  -DTOVARIN_BUILD_PACKAGING=OFF -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
+	@test -f $(WASM_DIR)/build.ninja || bash toolchains/configure.sh emscripten $(WASM_DIR)
 	NODE_PATH=/usr/share/nodejs cmake --build $(WASM_DIR) -j $(JOBS) --target web_site
 	@realpath $(WASM_DIR)/web/index.html
 

@@ -10,19 +10,9 @@ here=$(cd "$(dirname "$0")" && pwd)
 toolchain=$1
 build=$2
 reference=${3:-}
-case $toolchain in
-clang-libcxx | mingw-w64 | emscripten) ;;
-*)
-    echo "unknown toolchain: $toolchain" >&2
-    exit 2
-    ;;
-esac
+bash "$here/configure.sh" "$toolchain" "$build" "$reference"
 # em++ runs on Node, which must find Debian's node-acorn.
 export NODE_PATH=/usr/share/nodejs
-cmake -S "$here/.." -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-    -DCMAKE_TOOLCHAIN_FILE="$here/$toolchain.cmake" -DTOVARIN_GOOGLETEST_SOURCE=/usr/src/googletest \
-    -DTOVARIN_BUILD_GUI=OFF -DTOVARIN_BUILD_BENCH=OFF -DTOVARIN_BUILD_PACKAGING=OFF \
-    -DTOVARIN_REFERENCE_REPORT="$reference" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
 cmake --build "$build" -j "${JOBS:-2}"
 cmake --build "$build" -j "${JOBS:-2}" --target number_digest
 
